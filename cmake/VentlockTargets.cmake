@@ -1,0 +1,40 @@
+# One place for the flags that every target of the project is built with.
+
+option(VENTLOCK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+
+add_library(ventlock_flags INTERFACE)
+target_include_directories(ventlock_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(ventlock_flags INTERFACE
+    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
+    -Wold-style-cast -Woverloaded-virtual -Wimplicit-fallthrough)
+if(VENTLOCK_SANITIZE)
+    target_compile_options(ventlock_flags INTERFACE
+        -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(ventlock_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# ventlock_library(<folder> SOURCES <file>... [USES <library>...])
+# A folder of src/ is a library of the same name; USES names the floors below it and outside libraries.
+function(ventlock_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+    add_library(ventlock_${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(ventlock_${name} PUBLIC ventlock_flags ${ARG_USES})
+endfunction()
+
+# ventlock_program(<target>)
+# A program that users get. All of them, and the files they look for beside themselves, stand in bin/.
+function(ventlock_program name)
+    set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+    add_dependencies(${name} ventlock_program_files)
+endfunction()
+
+file(GLOB program_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/*.dct ${PROJECT_SOURCE_DIR}/data/schema/*.sql
+     ${PROJECT_SOURCE_DIR}/data/schema/*/*.sql)
+add_custom_target(ventlock_program_files
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/bin
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/data/QorStandard.dct
+            ${PROJECT_SOURCE_DIR}/data/Ventlock.dct ${PROJECT_BINARY_DIR}/bin
+    COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/data/schema ${PROJECT_BINARY_DIR}/bin/schema
+    SOURCES ${program_files}
+    COMMENT "Copying dictionaries and schema scripts beside the programs"
+    VERBATIM)

@@ -1,0 +1,105 @@
+#include "base/Numbers.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+
+namespace ventlock {
+namespace {
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::size_t SkipDigits(std::string_view text, std::size_t at) {
+    while (at < text.size() && IsDigit(text[at])) ++at;
+    return at;
+}
+
+struct LeadingNumber {
+    double value = 0;
+    std::size_t length = 0;  ///< characters of the number, 0 when the text begins with none
+};
+
+// The grammar stands here in full because from_chars also takes "inf" and "nan" and refuses a plus sign.
+LeadingNumber ReadLeadingNumber(std::string_view text) {
+    const bool hasSign = !text.empty() && (text[0] == '-' || text[0] == '+');
+    const std::size_t begin = hasSign ? 1 : 0;
+    std::size_t end = SkipDigits(text, begin);
+    std::size_t digits = end - begin;
+    if (end < text.size() && text[end] == '.') {
+        const std::size_t fraction = SkipDigits(text, end + 1);
+        digits += fraction - end - 1;
+        end = fraction;
+    }
+    if (digits == 0) return {};
+    if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
+        std::size_t exponent = end + 1;
+        if (exponent < text.size() && (text[exponent] == '-' || text[exponent] == '+')) ++exponent;
+        const std::size_t last = SkipDigits(text, exponent);
+        if (last > exponent) end = last;
+    }
+    double value = 0;
+    const auto result = std::from_chars(text.data() + begin, text.data() + end, value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // An exponent too small is nothing, one too large is beyond every range check.
+        const std::string_view number = text.substr(begin, end - begin);
+        const std::size_t e = number.find_first_of("eE");
+        const bool tiny = e != std::string_view::npos && e + 1 < number.size() && number[e + 1] == '-';
+        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+    }
+    if (text[0] == '-') value = -value;
+    return {value, end};
+}
+
+template <class Whole>
+Whole Rounded(double value) {
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max())) {
+        throw RunTimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<Whole>(rounded);
+}
+
+}  // namespace
+
+double NumericValue(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? 0 : ReadLeadingNumber(text.substr(first)).value;
+}
+
+std::int16_t ToInteger(double value) {
+    return Rounded<std::int16_t>(value);
+}
+
+std::int32_t ToItemData(double value) {
+    return Rounded<std::int32_t>(value);
+}
+
+bool SameNumber(const std::optional<std::string_view>& column, double number) {
+    if (!column) return false;
+    const std::string_view text = Trim(*column);
+    const LeadingNumber read = ReadLeadingNumber(text);
+    return read.length != 0 && read.length == text.size() && read.value == number;
+}
+
+double RequireNumber(std::string_view text) {
+    const std::string_view trimmed = Trim(text);
+    const LeadingNumber read = ReadLeadingNumber(trimmed);
+    if (read.length == 0 || read.length != trimmed.size()) throw RunTimeError(ErrorNumber::TypeMismatch);
+    return read.value;
+}
+
+std::string DecimalText(double value) {
+    if (value == 0) return "0";  // also for the negative zero
+    std::array<char, 400> buffer{};
+    const auto result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed);
+    return {buffer.data(), result.ptr};
+}
+
+}  // namespace ventlock

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace ventlock {
+
+/// The text without blanks (0x20) at both ends; no other character is taken for a blank.
+/// The view lives as long as the text that was given.
+std::string_view Trim(std::string_view text);
+
+/// Characters (code points) of a UTF-8 text; a byte that is no UTF-8 counts as one.
+std::size_t CharacterCount(std::string_view utf8);
+
+}  // namespace ventlock

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace ventlock {
+
+/// What stands for a piece of text that is not UTF-8.
+inline constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+/// Takes the character that begins at `position` and moves `position` behind it. Surrogates that stand alone
+/// are taken as they are (three bytes), so that UTF-16 text survives a round trip; a byte that begins no
+/// character gives kReplacementCharacter and moves on by one.
+char32_t NextCharacter(std::string_view utf8, std::size_t& position);
+
+/// Appends the UTF-8 form of one code point; a lone surrogate takes its three-byte form.
+void AppendCharacter(std::string& utf8, char32_t character);
+
+/// UTF-8 to UTF-16 code units. Bytes that are no UTF-8 become kReplacementCharacter.
+std::u16string ToUtf16(std::string_view utf8);
+
+/// UTF-16 code units to UTF-8; lone surrogates survive the way there and back.
+std::string FromUtf16(std::u16string_view utf16);
+
+/// True when every byte of the text belongs to a well-formed character (no lone surrogates).
+bool IsUtf8(std::string_view text);
+
+}  // namespace ventlock
