@@ -1,0 +1,88 @@
+#include "db/DryRunConnection.h"
+
+#include <optional>
+
+#include "base/Text.h"
+#include "platform/Casing.h"
+
+namespace ventlock {
+namespace {
+
+constexpr std::string_view kInsert = "INSERT INTO ";
+constexpr std::string_view kNameEnds = " ,()";
+
+std::string_view WordAt(std::string_view text, std::size_t at) {
+    at = text.find_first_not_of(' ', at);
+    if (at == std::string_view::npos) return {};
+    return text.substr(at, text.find_first_of(kNameEnds, at) - at);
+}
+
+/// The list between the parentheses that open at or after `at`, which is moved behind them; quotes around
+/// values dropped. Nothing when the text is no such list.
+std::optional<std::vector<std::string>> ListAt(std::string_view text, std::size_t& at) {
+    at = text.find('(', at);
+    if (at == std::string_view::npos) return std::nullopt;
+    std::vector<std::string> items;
+    while (at < text.size() && text[at] != ')') {
+        at = text.find_first_not_of(' ', at + 1);
+        if (at == std::string_view::npos) return std::nullopt;
+        const bool quoted = text[at] == '\'';
+        const std::size_t end = quoted ? text.find('\'', at + 1) : text.find_first_of(",)", at);
+        if (end == std::string_view::npos) return std::nullopt;
+        const std::size_t begin = quoted ? at + 1 : at;
+        items.emplace_back(Trim(text.substr(begin, end - begin)));
+        at = text.find_first_of(",)", quoted ? end + 1 : end);
+    }
+    return at < text.size() ? std::optional(items) : std::nullopt;
+}
+
+/// The column that a result column stands for: the word before " AS <column>", else itself.
+std::string_view SourceColumn(std::string_view select, std::string_view column) {
+    const std::string alias = " AS " + std::string(column);
+    for (std::size_t at = select.find(alias); at != std::string_view::npos; at = select.find(alias, at + 1)) {
+        const std::size_t end = at + alias.size();
+        if (end < select.size() && kNameEnds.find(select[end]) == std::string_view::npos) continue;
+        const std::size_t begin = select.find_last_of(' ', at - 1);
+        return select.substr(begin + 1, at - begin - 1);
+    }
+    return column;
+}
+
+}  // namespace
+
+void DryRunConnection::Execute(std::string_view statement) {
+    if (!statement.starts_with(kInsert)) return;
+    const std::string table = UpperCase(WordAt(statement, kInsert.size()));
+    std::size_t at = kInsert.size();
+    const auto columns = ListAt(statement, at);
+    const auto values = columns ? ListAt(statement, at) : std::nullopt;
+    if (!values || values->size() != columns->size()) return;  // the real run's database will refuse it
+    Row row;
+    for (std::size_t i = 0; i < columns->size(); ++i) row[UpperCase((*columns)[i])] = (*values)[i];
+    newRows_[table].push_back(row);
+}
+
+std::unique_ptr<Recordset> DryRunConnection::OpenRecordset(std::string_view source, RecordsetType type) {
+    // Nothing reads the tables that take new records, so those need not be remembered.
+    if (type == RecordsetType::Dynaset)
+        return std::make_unique<Recordset>([](const std::vector<RecordField>&) {});
+
+    auto rows = inner_->OpenRecordset(source, type);
+    const std::string upper = UpperCase(source);
+    const std::size_t from = upper.find(" FROM ");
+    if (from == std::string::npos) return rows;
+    const auto found = newRows_.find(std::string(WordAt(upper, from + std::string_view(" FROM ").size())));
+    if (found == newRows_.end()) return rows;
+    for (const Row& row : found->second) {
+        std::vector<std::optional<std::string_view>> cells;
+        for (const std::string& column : rows->Columns()) {
+            const auto value = row.find(UpperCase(SourceColumn(source, column)));
+            cells.push_back(value == row.end() ? std::nullopt
+                                               : std::optional<std::string_view>(value->second));
+        }
+        rows->AppendRow(cells);
+    }
+    return rows;
+}
+
+}  // namespace ventlock

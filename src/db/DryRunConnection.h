@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Database.h"
+
+namespace ventlock {
+
+/// A connection that reads and never changes. New rows are kept in memory and seen by the snapshots that
+/// follow, so that a whole batch gives the statements that its real run would; the database's own refusals (a
+/// key that is taken, a text that is too long) do not show.
+class DryRunConnection final : public IConnection {
+ public:
+    explicit DryRunConnection(std::unique_ptr<IConnection> inner) : inner_(std::move(inner)) {}
+
+    std::unique_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) override;
+    void Execute(std::string_view statement) override;
+    ConnectionFacts Facts() override { return inner_->Facts(); }
+
+ private:
+    using Row = std::map<std::string, std::string>;  ///< value by upper-cased column name
+
+    std::unique_ptr<IConnection> inner_;
+    std::map<std::string, std::vector<Row>> newRows_;  ///< by upper-cased table name
+};
+
+}  // namespace ventlock
