@@ -1,0 +1,203 @@
+#include "files/clsDDInstall.h"
+
+#include "base/Numbers.h"
+#include "files/EntryNames.h"
+#include "platform/Casing.h"
+
+namespace ventlock {
+namespace {
+
+// Widths of the reading buffers, one more than the characters that can be read, and of what is compared. A
+// count of 1000 or more is therefore read as its first three digits, and an identifier longer than its width
+// is never found.
+constexpr std::size_t kCountBuffer = 4;
+constexpr std::size_t kManufacturerBuffer = 7;
+constexpr std::size_t kDeviceTypeBuffer = 5;
+constexpr std::size_t kRevisionBuffer = 5;
+constexpr std::size_t kManufacturerWidth = 6;
+constexpr std::size_t kDeviceTypeWidth = 4;
+constexpr std::size_t kRevisionWidth = 2;
+
+std::string ManufacturerSection(std::int16_t manufacturer) {
+    return "Mfg" + std::to_string(manufacturer);
+}
+
+bool SameStart(std::string_view stored, std::size_t width, std::string_view wanted) {
+    return EqualIgnoringCase(stored.substr(0, width), wanted);
+}
+
+}  // namespace
+
+bool clsDDInstall::Init(const AppObjects& oAppObjects, const std::optional<std::int16_t>& vOperation) {
+    oAppObjects_ = &oAppObjects;
+    return vOperation == std::int16_t{2};
+}
+
+bool clsDDInstall::WriteDDInstall(clsManufacturer& oManufacturer, clsDevice& oDevice) {
+    return Guarded(oAppObjects_, "DDwddi", false, [&](StepLabel& step) {
+        oManufacturer_ = &oManufacturer;
+        oDevice_ = &oDevice;
+        step = "01";
+        ProfileEdit edit(profiles_, IniPath);
+        ProfileFile& file = edit.File();
+        RequireWritableEntry(file);
+        if (edit.Existed()) {
+            profiles_.Files().Copy(IniPath, IniPath + ".bak");
+            step = "01.1";
+            bool isNew = false;
+            const std::int16_t manufacturer = CheckManufacturer(file, isNew);
+            if (manufacturer == -1) return false;
+            step = "01.2";
+            WriteManufacturer(file, manufacturer, isNew);
+            step = "01.3";
+            isNew = false;
+            // A failed check gives -1, and the entry is then written under that number.
+            const std::int16_t device = CheckDevice(file, manufacturer, isNew);
+            WriteDevice(file, device, isNew, manufacturer);
+        } else {
+            step = "01.4";
+            WriteHeader(file);
+            WriteManufacturer(file, 1, true);
+            WriteDevice(file, 1, true, 1);
+        }
+        step = "02";
+        WriteBack(file);
+        edit.Save();
+        return true;
+    });
+}
+
+/// Checked for the whole entry before anything is written: the section writers' own errors would not stop the
+/// write.
+void clsDDInstall::RequireWritableEntry(const ProfileFile& file) const {
+    file.RequireWritable(PaddedManufacturer(oManufacturer_->ManID));
+    file.RequireWritable(oManufacturer_->Name);
+    file.RequireWritableSection(DeviceSection(1));
+    for (const auto& [key, value] : DeviceKeys()) file.RequireWritable(value);
+}
+
+std::string clsDDInstall::DeviceSection(std::int16_t device) const {
+    return PaddedManufacturer(oDevice_->ManID) + "." + std::to_string(device);
+}
+
+clsDDInstall::KeyValues clsDDInstall::DeviceKeys() const {
+    const std::string revision = PaddedRevision(oDevice_->DevRev);
+    const std::string files = "1," + revision + PaddedRevision(oDevice_->DDRev);
+    return {
+        {"DevType", PaddedDeviceType(oDevice_->DevID)},
+        {"DevTypeDesc", oDevice_->DevName},
+        {"DevTypeRevDesc", "Rev " + DecimalOfHex(oDevice_->DevRev)},
+        {"DevTypeRev", revision},
+        {"DDRevDesc", "DD Rev " + DecimalOfHex(oDevice_->DDRev)},
+        {"PYX", files + ".pyx"},
+        {"SYM", files + ".sym"},
+        {"MAP", files + ".map"},
+        {"DeviceHelp", DeviceHelp},
+        {"BlockHelp", BlockHelp},
+        {"OtherHelp", ""},
+        {"DeviceDLL", "1," + DeviceDLL},
+        {"OtherDLL", ""},
+        {"Template", "1," + Template},
+        {"HART Protocol Rev", DecimalOfHex(oDevice_->ProtRev)},
+        {"TAVVersionSupport", TAVVersionSupport},
+    };
+}
+
+bool clsDDInstall::WriteHeader(ProfileFile& file) {
+    return Guarded(oAppObjects_, "DDwddih", false, [&](StepLabel&) {
+        WriteKey(file, "Version", "DD Version", std::to_string(DDVersion));
+        WriteKey(file, "General", "NumOfMfg", "0");
+        return true;
+    });
+}
+
+bool clsDDInstall::WriteManufacturer(ProfileFile& file, std::int16_t manufacturer, bool isNew) {
+    return Guarded(oAppObjects_, "DDwddim", false, [&](StepLabel& step) {
+        step = "01";
+        if (isNew) RaiseCount(file, "General", "NumOfMfg");
+        step = "02";
+        const std::string section = ManufacturerSection(manufacturer);
+        if (isNew) {
+            WriteKey(file, section, "ID", PaddedManufacturer(oManufacturer_->ManID));
+            WriteKey(file, section, "NumOfDev", "0");
+        }
+        WriteKey(file, section, "Name", oManufacturer_->Name);
+        return true;
+    });
+}
+
+bool clsDDInstall::WriteDevice(ProfileFile& file, std::int16_t device, bool isNew,
+                               std::int16_t manufacturer) {
+    return Guarded(oAppObjects_, "DDwddis", false, [&](StepLabel& step) {
+        step = "01";
+        if (isNew) RaiseCount(file, ManufacturerSection(manufacturer), "NumOfDev");
+        step = "02";
+        for (const auto& [key, value] : DeviceKeys()) WriteKey(file, DeviceSection(device), key, value);
+        return true;
+    });
+}
+
+std::int16_t clsDDInstall::CheckManufacturer(const ProfileFile& file, bool& isNew) {
+    return Guarded(oAppObjects_, "DDcm", std::int16_t{-1}, [&](StepLabel& step) {
+        step = "01";
+        const std::int16_t count = ReadCount(file, "General", "NumOfMfg");
+        step = "03";
+        const std::string wanted = PaddedManufacturer(oManufacturer_->ManID);
+        for (std::int16_t i = 1; i <= count; ++i) {
+            const std::string id = ReadKey(file, ManufacturerSection(i), "ID", "000000", kManufacturerBuffer);
+            if (SameStart(id, kManufacturerWidth, wanted)) return i;
+        }
+        step = "04";
+        isNew = true;
+        return ToInteger(count + 1.0);
+    });
+}
+
+std::int16_t clsDDInstall::CheckDevice(const ProfileFile& file, std::int16_t manufacturer, bool& isNew) {
+    return Guarded(oAppObjects_, "DDcd", std::int16_t{-1}, [&](StepLabel& step) {
+        step = "01";
+        const std::int16_t count = ReadCount(file, ManufacturerSection(manufacturer), "NumOfDev");
+        step = "03";
+        const std::string wantedType = PaddedDeviceType(oDevice_->DevID);
+        const std::string wantedRevision = PaddedRevision(oDevice_->DevRev);
+        for (std::int16_t k = 1; k <= count; ++k) {
+            const std::string section = DeviceSection(k);
+            const std::string type = ReadKey(file, section, "DevType", "0000", kDeviceTypeBuffer);
+            if (!SameStart(type, kDeviceTypeWidth, wantedType)) continue;
+            const std::string revision = ReadKey(file, section, "DevTypeRev", "00", kRevisionBuffer);
+            if (SameStart(revision, kRevisionWidth, wantedRevision)) return k;
+        }
+        step = "04";
+        isNew = true;
+        return ToInteger(count + 1.0);
+    });
+}
+
+bool clsDDInstall::WriteBack(ProfileFile& file) {
+    return Guarded(oAppObjects_, "DDwb", false, [&](StepLabel& step) {
+        step = "03.1";
+        file.SeparateSections();
+        return true;
+    });
+}
+
+std::int16_t clsDDInstall::ReadCount(const ProfileFile& file, std::string_view section,
+                                     std::string_view key) {
+    return ToInteger(NumericValue(ReadKey(file, section, key, "0", kCountBuffer)));
+}
+
+void clsDDInstall::RaiseCount(ProfileFile& file, std::string_view section, std::string_view key) {
+    WriteKey(file, section, key, DecimalText(ReadCount(file, section, key) + 1.0));
+}
+
+std::string clsDDInstall::ReadKey(const ProfileFile& file, std::string_view section, std::string_view key,
+                                  std::string_view fallback, std::size_t bufferSize) {
+    return file.Read(section, key, bufferSize).value_or(std::string(fallback));
+}
+
+void clsDDInstall::WriteKey(ProfileFile& file, std::string_view section, std::string_view key,
+                            std::string_view value) {
+    file.Write(section, key, value);
+}
+
+}  // namespace ventlock
