@@ -1,0 +1,218 @@
+#include "entry/CheckEntry.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "db/SchemaVersion.h"
+#include "entry/EntryToForm.h"
+#include "entry/FieldLimits.h"
+#include "entry/ResourceNames.h"
+#include "platform/IEvents.h"
+
+namespace ventlock {
+namespace {
+
+struct HexField {
+    std::string_view key;
+    std::size_t width;  ///< digits that the DD install file can find again; 0: any number
+};
+
+constexpr auto kHexFields =
+    std::to_array<HexField>({{"ManID", 6}, {"DevID", 4}, {"DevRev", 2}, {"DDRev", 2}, {"ProtRev", 0}});
+
+constexpr std::array<std::string_view, 3> kIdFields = {"ProtID", "DevCatID", "DevMinCatID"};
+
+/// Texts that go into statements of the database, quoted as they are.
+struct StatementField {
+    std::string_view key;
+    std::size_t limit;
+    bool isInOldSchema;
+};
+
+constexpr auto kStatementFields = std::to_array<StatementField>({
+    {"ManName", limits::kName, true},
+    {"ManDesc", limits::kDescription, false},
+    {"DevName", limits::kName, true},
+    {"DevDesc", limits::kDescription, false},
+    {"DevRevName", limits::kName, false},
+    {"DevRevDesc", limits::kDescription, false},
+    {"MajorCategory", limits::kName, false},
+    {"MinorCategory", limits::kName, false},
+});
+
+constexpr std::array<std::string_view, 5> kIniTexts = {"DevName", "DLLName", "DevHelp", "BlkHelp", "ManID"};
+constexpr std::array<std::string_view, 7> kDDInstallTexts = {
+    "ManName", "DevName", "DLLName", "TemplateName", "DevHelp", "BlkHelp", "TAVVersions"};
+
+struct ResourceField {
+    std::string_view key;
+    std::string (*fileName)(std::string_view field);
+};
+
+constexpr auto kResourceFields = std::to_array<ResourceField>({{"DLLName", DllName},
+                                                               {"TemplateName", TemplateName},
+                                                               {"DevHelp", HelpFileName},
+                                                               {"BlkHelp", HelpFileName}});
+
+std::string Quoted(std::string_view text) {
+    return "\"" + std::string(text) + "\"";
+}
+
+std::string TargetNames(const Targets& targets) {
+    std::string names;
+    const auto add = [&](bool wanted, std::string_view name) {
+        if (wanted) names.append(names.empty() ? "" : ", ").append(name);
+    };
+    add(targets.database, "the database");
+    add(targets.ini, "Pyx.ini");
+    add(targets.ddInstall, "Ddinstal.ini");
+    return names;
+}
+
+class Checker {
+ public:
+    Checker(const FileEntry& entry, const CheckContext& context) : entry_(entry), context_(context) {}
+
+    std::vector<Finding> Run() {
+        CheckDigits();
+        CheckRequired();
+        if (context_.targets.database) CheckStatementTexts();
+        CheckChoices();
+        CheckVersions();
+        if (context_.targets.ini) CheckCharacters(context_.ini, kIniTexts, "Pyx.ini");
+        if (context_.targets.ddInstall) CheckCharacters(context_.ddInstall, kDDInstallTexts, "Ddinstal.ini");
+        if (context_.hasResource) CheckResources();
+        std::stable_sort(findings_.begin(), findings_.end(),
+                         [](const Finding& a, const Finding& b) { return a.line < b.line; });
+        return std::move(findings_);
+    }
+
+ private:
+    [[nodiscard]] std::string Text(std::string_view key) const { return std::string(Trim(entry_.Text(key))); }
+
+    void Add(Severity severity, std::string_view key, std::string id, const std::string& text) {
+        findings_.push_back({entry_.Line(key), severity, std::move(id), std::string(key) + " " + text});
+    }
+
+    void CheckDigits() {
+        for (const HexField& field : kHexFields) {
+            const std::string text = Text(field.key);
+            if (text.find_first_not_of("0123456789ABCDEFabcdef") != std::string::npos) {
+                Add(Severity::Error, field.key, "hex-digits",
+                    Quoted(text) + " is no hexadecimal number; use the digits 0 to 9 and A to F only");
+            } else if (field.width != 0 && text.size() > field.width && context_.targets.ddInstall) {
+                Add(Severity::Warning, field.key, "too-wide",
+                    Quoted(text) + " has more than " + std::to_string(field.width) +
+                        " digits; Ddinstal.ini never finds it again and gains a section with every write");
+            }
+        }
+        for (const std::string_view key : kIdFields) {
+            const std::string text = Text(key);
+            if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos) {
+                Add(Severity::Error, key, "decimal-id", Quoted(text) + " is no id; use decimal digits only");
+            }
+        }
+    }
+
+    void CheckRequired() {
+        NoEvents events;
+        const EntryForm form = ToForm(entry_, {}, events);
+        for (const RequiredField& field : RequiredFields()) {
+            const Targets missing{field.neededBy.database && context_.targets.database,
+                                  field.neededBy.ini && context_.targets.ini,
+                                  field.neededBy.ddInstall && context_.targets.ddInstall};
+            if (!missing.Any() || !field.isEmpty(form)) continue;
+            Add(Severity::Error, field.key, "required",
+                "is empty; " + TargetNames(missing) + " cannot do without it");
+        }
+    }
+
+    void CheckStatementTexts() {
+        const bool isOld = context_.schemaVersion == kOldSchema;
+        for (const StatementField& field : kStatementFields) {
+            if (isOld && !field.isInOldSchema) continue;
+            const std::string text = Text(field.key);
+            if (CharacterCount(text) > field.limit) {
+                Add(Severity::Error, field.key, "too-long",
+                    "has " + std::to_string(CharacterCount(text)) + " characters; the database takes " +
+                        std::to_string(field.limit));
+            }
+            // The old schema's rows are bound, so both signs are safe there.
+            if (isOld) continue;
+            if (text.find('\'') != std::string::npos) {
+                Add(Severity::Error, field.key, "apostrophe",
+                    "holds an apostrophe, which ends the text within the statement; write it without");
+            }
+            if (text.find('?') != std::string::npos) {
+                Add(Severity::Error, field.key, "question-mark",
+                    "holds a question mark, which the next value of the statement would take; write it "
+                    "without");
+            }
+        }
+    }
+
+    void CheckChoices() {
+        constexpr std::array<std::array<std::string_view, 2>, 3> kPairs = {
+            {{"Protocol", "ProtID"}, {"MajorCategory", "DevCatID"}, {"MinorCategory", "DevMinCatID"}}};
+        for (const auto& [name, id] : kPairs) {
+            if (!Text(name).empty() && entry_.Has(id)) {
+                Add(Severity::Error, name, "ambiguous",
+                    "and " + std::string(id) + " are both given; keep one");
+            }
+        }
+    }
+
+    void CheckVersions() {
+        NoEvents events;
+        const EntryForm form = ToForm(entry_, {}, events);
+        const bool hasEmpty = std::any_of(form.lstTAVVersionSupport.begin(), form.lstTAVVersionSupport.end(),
+                                          [](const OfferedVersion& version) { return version.text.empty(); });
+        if (hasEmpty) {
+            Add(Severity::Warning, "TAVVersions", "empty-version",
+                Quoted(Text("TAVVersions")) + " holds an empty version between two separators");
+        }
+    }
+
+    template <std::size_t count>
+    void CheckCharacters(const ProfileFile* file, const std::array<std::string_view, count>& keys,
+                         const std::string& target) {
+        if (file == nullptr) return;
+        for (const std::string_view key : keys) {
+            try {
+                file->RequireWritable(Text(key));
+            } catch (const RunTimeError& error) {
+                Add(Severity::Error, key, "code-page",
+                    "cannot be written to " + target + ": " + error.Description());
+            }
+        }
+    }
+
+    void CheckResources() {
+        for (const ResourceField& field : kResourceFields) {
+            if (Text(field.key).empty()) continue;
+            const std::string name = field.fileName(Text(field.key));
+            if (context_.hasResource(name)) continue;
+            Add(Severity::Warning, field.key, "missing-file", Quoted(name) + " is not beside the entry file");
+        }
+    }
+
+    const FileEntry& entry_;
+    const CheckContext& context_;
+    std::vector<Finding> findings_;
+};
+
+}  // namespace
+
+std::vector<Finding> CheckEntry(const FileEntry& entry, const CheckContext& context) {
+    return Checker(entry, context).Run();
+}
+
+bool HasErrors(const std::vector<Finding>& findings) {
+    return std::any_of(findings.begin(), findings.end(),
+                       [](const Finding& finding) { return finding.severity == Severity::Error; });
+}
+
+}  // namespace ventlock

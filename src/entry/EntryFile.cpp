@@ -1,0 +1,148 @@
+#include "entry/EntryFile.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "base/Utf.h"
+#include "platform/Casing.h"
+#include "platform/ProfileLines.h"
+
+namespace ventlock {
+namespace {
+
+// Defaults are those that the settings store gives on a clean machine.
+constexpr auto kKeys = std::to_array<EntryKey>({
+    {"ManID", ""},         {"ManName", ""},       {"ManDesc", ""},        {"ProtID", "0"},
+    {"DevID", ""},         {"DevName", ""},       {"DevDesc", ""},        {"DevRev", "01"},
+    {"DDRev", "01"},       {"ProtRev", "05"},     {"DevRevName", ""},     {"DevRevDesc", ""},
+    {"DevCatID", "0"},     {"DevMinCatID", "0"},  {"DLLName", ""},        {"TemplateName", ""},
+    {"DevHelp", ""},       {"BlkHelp", ""},       {"TAVVersions", "5.0"}, {"Protocol", ""},
+    {"MajorCategory", ""}, {"MinorCategory", ""},
+});
+
+const EntryKey* FindKey(std::string_view name) {
+    const auto found = std::find_if(kKeys.begin(), kKeys.end(),
+                                    [&](const EntryKey& key) { return EqualIgnoringCase(key.name, name); });
+    return found == kKeys.end() ? nullptr : &*found;
+}
+
+std::string AllKeyNames() {
+    std::string names;
+    for (const EntryKey& key : kKeys) names.append(names.empty() ? "" : ", ").append(key.name);
+    return names;
+}
+
+/// The text of the file in UTF-8, or nothing when it is no text. `badLine` is then where it ceases to be.
+std::optional<std::string> TextOf(std::string_view bytes, int& badLine) {
+    constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+    constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+    std::string text(bytes);
+    badLine = 1;
+    if (bytes.starts_with(kUtf16Mark)) {
+        if (bytes.size() % 2 != 0) return std::nullopt;
+        std::u16string units;
+        for (std::size_t i = kUtf16Mark.size(); i < bytes.size(); i += 2) {
+            units += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
+                                           (static_cast<unsigned char>(bytes[i + 1]) << 8U));
+        }
+        text = FromUtf16(units);
+    } else if (bytes.starts_with(kUtf8Mark)) {
+        text.erase(0, kUtf8Mark.size());
+    }
+    ProfileLines lines(text);
+    for (ProfileLine line; lines.Next(line); ++badLine) {
+        const std::string_view content = line.Content(text);
+        if (!IsUtf8(content) || content.find('\0') != std::string_view::npos) return std::nullopt;
+    }
+    return text;
+}
+
+class Parser {
+ public:
+    EntryFile Parse(std::string_view text) {
+        ProfileLines lines(text);
+        for (ProfileLine line; lines.Next(line);) {
+            ++line_;
+            const std::string_view content = line.Content(text);
+            if (IsBlankOrComment(content)) continue;
+            if (const auto header = HeaderName(content)) {
+                BeginEntry(std::string(TrimBlanks(*header)));
+            } else if (const auto key = KeyName(content)) {
+                TakeKey(std::string(TrimBlanks(*key)),
+                        std::string(ProfileValue(content.substr(key->size() + 1))));
+            } else {
+                Error("syntax", "the line is no section, no key=value and no comment");
+            }
+        }
+        if (file_.entries.empty() && file_.findings.empty()) {
+            file_.findings.push_back({0, Severity::Error, "no-section",
+                                      "the file holds no entry; begin each one with a line [name]"});
+        }
+        return std::move(file_);
+    }
+
+ private:
+    void BeginEntry(const std::string& name) {
+        if (!sections_.insert(UpperCase(name)).second) {
+            Error("duplicate-section",
+                  "section [" + name + "] stands twice; give each entry a name of its own");
+        }
+        file_.entries.push_back({name, line_, {}});
+    }
+
+    void TakeKey(const std::string& name, const std::string& text) {
+        if (file_.entries.empty()) {
+            Error("no-section",
+                  "\"" + name + "\" stands before the first section; begin the entry with a line [name]");
+            return;
+        }
+        const EntryKey* key = FindKey(name);
+        if (key == nullptr) {
+            Error("unknown-key", "\"" + name + "\" is no key of an entry; the keys are " + AllKeyNames());
+            return;
+        }
+        const bool isNew =
+            file_.entries.back().values.try_emplace(std::string(key->name), text, line_).second;
+        if (!isNew) Error("duplicate-key", "\"" + name + "\" stands twice in this section; keep one");
+    }
+
+    void Error(std::string id, std::string text) {
+        file_.findings.push_back({line_, Severity::Error, std::move(id), std::move(text)});
+    }
+
+    EntryFile file_;
+    std::set<std::string> sections_;
+    int line_ = 0;
+};
+
+}  // namespace
+
+std::span<const EntryKey> EntryKeys() {
+    return kKeys;
+}
+
+std::string FileEntry::Text(std::string_view key) const {
+    const auto found = values.find(key);
+    if (found != values.end()) return found->second.text;
+    const EntryKey* known = FindKey(key);
+    return known == nullptr ? std::string() : std::string(known->defaultText);
+}
+
+int FileEntry::Line(std::string_view key) const {
+    const auto found = values.find(key);
+    return found == values.end() ? line : found->second.line;
+}
+
+EntryFile ParseEntryFile(std::string_view bytes) {
+    int badLine = 0;
+    const std::optional<std::string> text = TextOf(bytes, badLine);
+    if (text) return Parser().Parse(*text);
+    EntryFile file;
+    file.findings.push_back(
+        {badLine, Severity::Error, "not-text",
+         "the file is no text in UTF-8 from here on; save it as UTF-8, or as UTF-16 with a mark"});
+    return file;
+}
+
+}  // namespace ventlock

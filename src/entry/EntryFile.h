@@ -1,0 +1,63 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ventlock {
+
+enum class Severity { Error, Warning };
+
+/// Something found in an entry file. Ids are stable words, see docs/entry-files.md.
+struct Finding {
+    int line = 0;  ///< counts from 1; 0 for the file as a whole
+    Severity severity = Severity::Error;
+    std::string id;
+    std::string text;
+
+    bool operator==(const Finding&) const = default;
+};
+
+/// One key of an entry file: its name and what an entry without it has.
+struct EntryKey {
+    std::string_view name;
+    std::string_view defaultText;
+};
+
+/// All keys an entry may have. They are named as the settings store names them; "Protocol", "MajorCategory"
+/// and "MinorCategory" name by text what "ProtID", "DevCatID" and "DevMinCatID" name by id.
+std::span<const EntryKey> EntryKeys();
+
+/// One section of an entry file: a device entry.
+struct FileEntry {
+    struct Value {
+        std::string text;
+        int line = 0;
+    };
+
+    std::string name;                                  ///< of the section; it means nothing but to the reader
+    int line = 0;                                      ///< of the header
+    std::map<std::string, Value, std::less<>> values;  ///< by the key's own spelling
+
+    [[nodiscard]] bool Has(std::string_view key) const { return values.contains(key); }
+
+    /// The key's text, its default when absent.
+    [[nodiscard]] std::string Text(std::string_view key) const;
+
+    /// The key's line, the header's when absent.
+    [[nodiscard]] int Line(std::string_view key) const;
+};
+
+struct EntryFile {
+    std::vector<FileEntry> entries;
+    std::vector<Finding> findings;  ///< in the order of lines
+};
+
+/// Reads an entry file: a profile file in UTF-8, with or without a mark, or in UTF-16LE with one; one section
+/// an entry. Everything that is wrong with its form is found at once; keys and sections ignore case.
+EntryFile ParseEntryFile(std::string_view bytes);
+
+}  // namespace ventlock

@@ -1,0 +1,32 @@
+#include "entry/VersionList.h"
+
+#include "base/Text.h"
+#include "core/Guarded.h"
+
+namespace ventlock {
+
+std::vector<std::string> ParseVersionList(std::string_view text, IEvents& events,
+                                          const AppObjects* oAppObjects) {
+    std::vector<std::string> items;
+    return Guarded(oAppObjects, "fMpl", std::vector<std::string>(), [&](StepLabel& step) {
+        std::string_view rest = Trim(text);
+        step = "03";
+        for (std::size_t i = 0; i < rest.size(); events.Yield()) {
+            if (rest[i] != ' ' && rest[i] != ',') {
+                ++i;
+                continue;
+            }
+            items.emplace_back(rest.substr(0, i));
+            rest = Trim(rest.substr(i + 1));
+            i = 0;
+        }
+        step = "04";
+        if (!rest.empty()) {
+            if (rest.back() == ',') rest.remove_suffix(1);
+            items.emplace_back(rest);
+        }
+        return items;
+    });
+}
+
+}  // namespace ventlock
