@@ -1,0 +1,79 @@
+#include "cli/Advice.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <string_view>
+
+#include "platform/Casing.h"
+
+namespace ventlock {
+namespace {
+
+/// Whether one of the records holds one of the texts, case ignored. Drivers agree on neither states nor
+/// wording.
+bool Mention(const std::vector<std::string>& diagnostics, std::initializer_list<std::string_view> texts) {
+    return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const std::string& record) {
+        const std::string folded = UpperCase(record);
+        return std::any_of(texts.begin(), texts.end(), [&](std::string_view text) {
+            return folded.find(UpperCase(text)) != std::string::npos;
+        });
+    });
+}
+
+constexpr const char* kLockedAdvice =
+    "Another program holds the database. End it or wait until it is done, then run the command again.";
+
+}  // namespace
+
+std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOpen) {
+    if (Mention(diagnostics, {"locked", "busy", "HYT00", "HYT01"})) return kLockedAdvice;
+    if (isOpen && diagnostics.empty()) {
+        return "The database's schema is not one that this version knows. Use a database of schema 1.x or an "
+               "older one.";
+    }
+    if (isOpen)
+        return "The data source does not lead to a device database: its table \"__version\" cannot be read.";
+    if (Mention(diagnostics, {"[IM014]"})) {
+        return "The driver is of another word size than this program. Install the driver for this one.";
+    }
+    if (Mention(diagnostics, {"can't open lib", "file not found", "[IM003]", "[IM004]", "[IM005]"})) {
+        return "The data source's driver is not installed. Install it, or name its library in odbcinst.ini.";
+    }
+    if (Mention(diagnostics, {"[IM002]", "No data source"})) {
+        return "List the known ones with \"ventlock-cli database sources\", or make one with \"ventlock-cli "
+               "database "
+               "create\".";
+    }
+    return "Check that the database server runs and lets the user \"sa\" in without a password.";
+}
+
+std::string StatementAdvice(const std::vector<std::string>& diagnostics) {
+    if (Mention(diagnostics, {"locked", "busy", "HYT00"})) return kLockedAdvice;
+    if (Mention(diagnostics, {"readonly", "read-only", "permission", "denied"})) {
+        return "The database is read-only for this user. Get the right to write to it.";
+    }
+    if (Mention(diagnostics, {"unique", "duplicate", "[23505]"})) {
+        return "Another program took the number in between. Run the command again.";
+    }
+    return "Check the entry with \"ventlock-cli check\" and the database with \"ventlock-cli database "
+           "info\".";
+}
+
+std::string FileAdvice(ErrorNumber number) {
+    switch (number) {
+        case ErrorNumber::PathNotFound:
+            return "Make the folder, or name another path.";
+        case ErrorNumber::FileNotFound:
+            return "Check the path.";
+        case ErrorNumber::DiskFull:
+            return "Make room on the disk.";
+        case ErrorNumber::PermissionDenied:
+            return "Another program holds the file. End it and run the command again.";
+        case ErrorNumber::PathFileAccessError:
+            return "Check that the path names a file, not a folder, and that you may read and write it.";
+        default:
+            return "Check the path and the disk.";
+    }
+}
+
+}  // namespace ventlock

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/RunTimeError.h"
+
+namespace ventlock {
+
+/// What to do when a data source cannot be used.
+/// @param diagnostics  the driver's records
+/// @param isOpen       the connection was made: it is the schema that will not do
+std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOpen);
+
+/// What to do when a statement of a write failed.
+std::string StatementAdvice(const std::vector<std::string>& diagnostics);
+
+/// What to do when a file cannot be read or written.
+std::string FileAdvice(ErrorNumber number);
+
+}  // namespace ventlock

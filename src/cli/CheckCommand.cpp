@@ -1,0 +1,36 @@
+#include "cli/CheckCommand.h"
+
+#include "cli/EntryFiles.h"
+#include "db/SchemaVersion.h"
+
+namespace ventlock {
+
+ExitCode RunCheck(Services& services, const CheckOptions& options, Console& console) {
+    const ProfileFile ini = LoadTarget(services, options.iniPath);
+    const ProfileFile ddInstall = LoadTarget(services, options.ddInstallPath);
+    std::size_t errors = 0;
+    std::size_t warnings = 0;
+    auto& list = console.document["findings"] = nlohmann::ordered_json::array();
+    for (const LoadedEntryFile& file : LoadEntryFiles(services, options.files)) {
+        std::vector<Finding> findings = file.content.findings;
+        for (const FileEntry& entry : file.content.entries) {
+            const auto found =
+                CheckEntry(entry, {.targets = options.targets,
+                                   .schemaVersion = options.isOldSchema ? kOldSchema : kCurrentSchema,
+                                   .ini = &ini,
+                                   .ddInstall = &ddInstall,
+                                   .hasResource = ResourcesBeside(services, file.path)});
+            findings.insert(findings.end(), found.begin(), found.end());
+        }
+        for (const Finding& finding : findings) {
+            console.WriteLine(Console::FindingLine(file.path, finding));
+            list.push_back(Console::FindingJson(file.path, finding));
+            ++(finding.severity == Severity::Error ? errors : warnings);
+        }
+    }
+    const bool isWrong = errors != 0 || (options.isStrict && warnings != 0);
+    console.WriteNews(std::to_string(errors) + " errors, " + std::to_string(warnings) + " warnings");
+    return isWrong ? ExitCode::WrongCall : ExitCode::Done;
+}
+
+}  // namespace ventlock

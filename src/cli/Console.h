@@ -1,0 +1,56 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "cli/CliError.h"
+#include "entry/EntryFile.h"
+
+namespace ventlock {
+
+/// Where a command's answer goes: lines for people, or one JSON document. Data goes to `out`, all else to
+/// `err`.
+class Console {
+ public:
+    Console(std::ostream& out, std::ostream& err, bool isTerminal)
+        : out_(out), err_(err), isTerminal_(isTerminal) {}
+
+    bool isJson = false;   ///< one JSON document on `out` instead of lines
+    bool isQuiet = false;  ///< errors only
+
+    /// The document of a JSON answer; a command fills it in either case.
+    nlohmann::ordered_json document;
+
+    /// A line of data. Nothing with isJson; lines of success are left out with isQuiet by WriteNews.
+    void WriteLine(const std::string& line);
+
+    /// A line that only says what was done.
+    void WriteNews(const std::string& line);
+
+    /// A line about a problem.
+    void WriteProblem(const std::string& line);
+
+    /// An error in full, and in the document.
+    void WriteError(const CliError& error);
+
+    /// `path:line: error|warning [id] text`
+    static std::string FindingLine(const std::string& path, const Finding& finding);
+    static nlohmann::ordered_json FindingJson(const std::string& path, const Finding& finding);
+
+    /// How far long work has come, on a terminal only; the line is wiped by ClearProgress.
+    void ShowProgress(std::size_t done, std::size_t all);
+    void ClearProgress();
+
+    /// Ends the answer: prints the document with isJson.
+    void Finish(ExitCode code);
+
+ private:
+    std::ostream& out_;
+    std::ostream& err_;
+    bool isTerminal_;
+    bool hasProgress_ = false;
+};
+
+}  // namespace ventlock

@@ -1,0 +1,211 @@
+#include "cli/DatabaseCommands.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+#include "cli/Advice.h"
+#include "cli/CliError.h"
+#include "cli/DatabaseScript.h"
+#include "cli/EntryFiles.h"
+#include "db/SchemaVersion.h"
+#include "db/Statements.h"
+#include "db/Tables.h"
+#include "platform/Casing.h"
+#include "platform/odbc/DataSources.h"
+#include "platform/odbc/OdbcEngine.h"
+
+namespace ventlock {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+[[noreturn]] void ThrowDatabaseError(ExitCode code, const std::string& what, const RunTimeError& error) {
+    std::vector<std::string> details;
+    for (const std::string& record : error.Diagnostics()) details.push_back("driver: " + record);
+    throw CliError(code, what + ": " + error.Description(), details, StatementAdvice(error.Diagnostics()));
+}
+
+std::string SqliteDriver() {
+    const std::vector<std::string> drivers = ListDrivers();
+    const auto found = std::find_if(drivers.begin(), drivers.end(), [](const std::string& name) {
+        return UpperCase(name).find("SQLITE3") != std::string::npos;
+    });
+    if (found == drivers.end()) {
+        throw CliError(ExitCode::Unreachable, "no ODBC driver for SQLite 3 is installed", {},
+                       "Install it; on Debian it is the package libsqliteodbc.");
+    }
+    return *found;
+}
+
+std::vector<std::string> SchemaStatements(Services& services, bool isOldSchema) {
+    IPaths& paths = services.Machine().Paths();
+    const std::string folder = paths.Join(paths.ProgramFolder(), "schema");
+    const std::string generation = paths.Join(folder, isOldSchema ? "old" : "current");
+    std::vector<std::string> statements;
+    for (const std::string& file :
+         {paths.Join(generation, "sqlite.sql"), paths.Join(generation, "version.sql"),
+          paths.Join(folder, "reference.sql")}) {
+        try {
+            const auto more = SplitStatements(services.Files().ReadAll(file));
+            statements.insert(statements.end(), more.begin(), more.end());
+        } catch (const RunTimeError& error) {
+            throw CliError(ExitCode::TargetFailed, file + ": " + error.Description(), {},
+                           "Install the program again: its schema scripts are missing.");
+        }
+    }
+    return statements;
+}
+
+void RequireNewDataSource(const std::string& name) {
+    for (const DataSource& source : ListDataSources()) {
+        if (!EqualIgnoringCase(source.name, name)) continue;
+        throw CliError(ExitCode::WrongCall, "data source \"" + name + "\" exists", {},
+                       "Choose another name with --dsn, or take the old one away first.");
+    }
+}
+
+void RunScript(const std::string& connect, Services& services, const std::vector<std::string>& statements) {
+    const auto engine = CreateOdbcEngine(services.Events(), services.TimeLimits());
+    const auto connection = engine->CreateWorkspace("", "", "", WorkspaceType::Odbc)
+                                ->OpenConnection("", std::nullopt, false, connect);
+    // One commit for the whole script: a database that is half made is of no use to anybody.
+    connection->Execute("BEGIN");
+    for (const std::string& statement : statements) connection->Execute(statement);
+    connection->Execute("COMMIT");
+}
+
+struct CountedTable {
+    std::string_view label;
+    std::string_view table;
+};
+
+std::vector<CountedTable> CountedTables(std::int16_t schemaVersion) {
+    if (schemaVersion >= kCurrentSchema) {
+        return {{"manufacturers", tables::kManufacturers},
+                {"manufacturer protocols", tables::kMfrProtocols},
+                {"device types", tables::kDeviceTypes},
+                {"device revisions", tables::kDeviceRevisions}};
+    }
+    return {{"manufacturers", tables::kMfrIds},
+            {"device types", tables::kDevTypes},
+            {"device revisions", tables::kPDevices}};
+}
+
+std::string_view ListStatement(const std::string& kind, std::int16_t schemaVersion, std::string_view& table) {
+    if (kind == "protocols") return statements::kProtocols;
+    if (kind == "major-categories") return statements::kMajorCategories;
+    if (kind == "minor-categories") return statements::kMinorCategories;
+    const bool isCurrent = schemaVersion >= kCurrentSchema;
+    if (kind == "manufacturers") table = isCurrent ? tables::kManufacturers : tables::kMfrIds;
+    if (kind == "devices") table = isCurrent ? tables::kDeviceRevisions : tables::kPDevices;
+    return statements::kWholeTable;
+}
+
+}  // namespace
+
+ExitCode CreateDatabase(Services& services, const CreateDatabaseOptions& options, Console& console) {
+    try {
+        services.Files().RequireReplaceable(options.file);
+    } catch (const RunTimeError& error) {
+        throw CliError(CodeOf(error), options.file + ": " + error.Description(), {},
+                       FileAdvice(error.Number()));
+    }
+    if (services.Files().Exists(options.file)) {
+        throw CliError(ExitCode::WrongCall, options.file + " exists", {},
+                       "Name a new file; nothing is overwritten.");
+    }
+    const std::vector<std::string> script = SchemaStatements(services, options.isOldSchema);
+    try {
+        const std::string driver = SqliteDriver();
+        if (!options.dataSource.empty()) RequireNewDataSource(options.dataSource);
+        RunScript("ODBC;DRIVER={" + driver + "};Database=" + options.file, services, script);
+        if (!options.dataSource.empty()) RegisterSqliteDataSource(options.dataSource, options.file);
+    } catch (const RunTimeError& error) {
+        std::error_code ignored;  // the error that is told is the one that made the file useless
+        std::filesystem::remove(std::filesystem::u8path(options.file), ignored);
+        ThrowDatabaseError(ExitCode::TargetFailed, options.file + " was not made", error);
+    }
+    console.document["file"] = options.file;
+    console.document["dataSource"] = options.dataSource;
+    console.WriteNews(options.file + ": made with the " + (options.isOldSchema ? "old" : "current") +
+                      " schema");
+    if (!options.dataSource.empty())
+        console.WriteNews("data source \"" + options.dataSource + "\" leads to it");
+    return ExitCode::Done;
+}
+
+ExitCode ShowDatabase(Services& services, Console& console) {
+    std::unique_ptr<clsTavDB> facade;
+    std::int16_t schemaVersion = 0;
+    services.Connect(facade, schemaVersion);
+    try {
+        const ConnectionFacts facts = services.Connection()->Facts();
+        const auto show = [&](const std::string& label, const std::string& value) {
+            console.document[label] = value;
+            console.WriteLine(label + ": " + value);
+        };
+        show("data source", services.Settings().DSN);
+        show("database", facts.database);
+        show("product", facts.product + " " + facts.productVersion);
+        show("driver", facts.driver + " " + facts.driverVersion);
+        show("driver manager", facts.driverManager);
+        show("schema code", std::to_string(schemaVersion));
+        show("schema", schemaVersion >= kCurrentSchema ? "current" : "old");
+        for (const CountedTable& counted : CountedTables(schemaVersion)) {
+            const auto rows = services.Connection()->OpenRecordset(
+                statements::Fill(statements::kWholeTable, {counted.table}), RecordsetType::Snapshot);
+            show(std::string(counted.label), std::to_string(rows->RecordCount()));
+        }
+    } catch (const RunTimeError& error) {
+        ThrowDatabaseError(ExitCode::TargetFailed, "data source \"" + services.Settings().DSN + "\"", error);
+    }
+    return ExitCode::Done;
+}
+
+ExitCode ListRows(Services& services, const std::string& kind, Console& console) {
+    std::unique_ptr<clsTavDB> facade;
+    std::int16_t schemaVersion = 0;
+    services.Connect(facade, schemaVersion);
+    std::string_view table;
+    const std::string_view statement = ListStatement(kind, schemaVersion, table);
+    try {
+        const auto rows = services.Connection()->OpenRecordset(statements::Fill(statement, {table}),
+                                                               RecordsetType::Snapshot);
+        auto& list = console.document["rows"] = Json::array();
+        std::string heading;
+        for (const std::string& column : rows->Columns()) heading += (heading.empty() ? "" : "\t") + column;
+        console.WriteLine(heading);
+        for (; !rows->AtEnd(); rows->MoveNext()) {
+            Json row = Json::object();
+            std::string line;
+            for (const std::string& column : rows->Columns()) {
+                const Field field = rows->Column(column);
+                row[column] = field.IsNull() ? Json() : Json(field.Text());
+                line += (row.size() == 1 ? "" : "\t") + (field.IsNull() ? "NULL" : field.Text());
+            }
+            list.push_back(std::move(row));
+            console.WriteLine(line);
+        }
+    } catch (const RunTimeError& error) {
+        ThrowDatabaseError(ExitCode::TargetFailed, "data source \"" + services.Settings().DSN + "\"", error);
+    }
+    return ExitCode::Done;
+}
+
+ExitCode ListSources(Console& console) {
+    try {
+        auto& list = console.document["sources"] = Json::array();
+        for (const DataSource& source : ListDataSources()) {
+            const std::string scope = source.system ? "system" : "user";
+            list.push_back({{"name", source.name}, {"driver", source.driver}, {"scope", scope}});
+            console.WriteLine(source.name + "\t" + source.driver + "\t" + scope);
+        }
+    } catch (const RunTimeError& error) {
+        ThrowDatabaseError(ExitCode::Unreachable, "the data sources cannot be listed", error);
+    }
+    return ExitCode::Done;
+}
+
+}  // namespace ventlock

@@ -1,0 +1,49 @@
+#include "cli/EntryFiles.h"
+
+#include "cli/Advice.h"
+#include "cli/CliError.h"
+
+namespace ventlock {
+
+std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vector<std::string>& paths) {
+    std::vector<LoadedEntryFile> files;
+    for (const std::string& path : paths) {
+        try {
+            files.push_back({path, ParseEntryFile(services.Files().ReadAll(services.Absolute(path)))});
+        } catch (const RunTimeError& error) {
+            throw CliError(ExitCode::WrongCall, "entry file " + path + ": " + error.Description(), {},
+                           FileAdvice(error.Number()));
+        }
+    }
+    return files;
+}
+
+ProfileFile LoadTarget(Services& services, const std::string& path) {
+    try {
+        const bool exists = services.Files().Exists(path);
+        return {exists ? services.Files().ReadAll(path) : std::string(), services.Profiles().Page()};
+    } catch (const RunTimeError& error) {
+        throw CliError(CodeOf(error), path + ": " + error.Description(), {}, FileAdvice(error.Number()));
+    }
+}
+
+std::function<bool(const std::string&)> ResourcesBeside(Services& services, const std::string& entryFile) {
+    const std::string path = services.Absolute(entryFile);
+    const std::string folder = path.substr(0, path.find_last_of("/\\"));
+    return [&services, folder](const std::string& name) {
+        return services.Files().Exists(services.Machine().Paths().Join(folder, name));
+    };
+}
+
+ExitCode CodeOf(const RunTimeError& error) {
+    switch (error.Number()) {
+        case ErrorNumber::PathNotFound:
+        case ErrorNumber::DeviceUnavailable:
+        case ErrorNumber::DiskNotReady:
+            return ExitCode::Unreachable;
+        default:
+            return ExitCode::TargetFailed;
+    }
+}
+
+}  // namespace ventlock

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/Console.h"
+#include "cli/Services.h"
+#include "entry/RequiredFields.h"
+
+namespace ventlock {
+
+struct RegisterOptions {
+    std::vector<std::string> files;
+    Targets targets;
+    std::string iniPath;  ///< absolute
+    std::string ddInstallPath;
+    bool isDryRun = false;  ///< show statements and diffs; the services write nothing then
+};
+
+/// Registers every entry of the files in the targets, in this order: database, "Pyx.ini", "Ddinstal.ini".
+/// Everything that can be seen beforehand (entries, reachable targets, read-only files) is looked at before
+/// the first write; an entry whose target fails is not written to its later targets, the entries after it
+/// are.
+/// @throws CliError 2 or 3, nothing written then.
+ExitCode RunRegister(Services& services, const RegisterOptions& options, Console& console);
+
+}  // namespace ventlock

@@ -1,0 +1,110 @@
+#include "cli/RegisterPlan.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "cli/Advice.h"
+#include "cli/CliError.h"
+#include "db/ReferenceLists.h"
+#include "db/SchemaVersion.h"
+
+namespace ventlock {
+
+RegisterPlan::RegisterPlan(Services& services, const RegisterOptions& options, Console& console)
+    : services_(services), options_(options), console_(console) {}
+
+void RegisterPlan::Prepare() {
+    LoadEntries();
+    // What holds for every schema comes first: an entry that is wrong anyway needs no database to be refused.
+    std::vector<FileFindings> findings = CheckEntries(kOldSchema);
+    EndOnErrors(findings);
+    RequireTargets();
+    if (options_.targets.database) {
+        ConnectDatabase();
+        findings = CheckEntries(database_.schemaVersion);
+        if (database_.schemaVersion >= kCurrentSchema) {
+            for (PlannedEntry& entry : entries_) {
+                findings.push_back({entry.path, ChooseFromLists(*entry.source, database_.lists,
+                                                                database_.schemaVersion, entry.form)});
+            }
+        }
+        EndOnErrors(findings);
+    }
+    WriteFindings(findings);
+}
+
+void RegisterPlan::LoadEntries() {
+    files_ = LoadEntryFiles(services_, options_.files);
+    std::vector<FileFindings> findings;
+    for (const LoadedEntryFile& file : files_) findings.push_back({file.path, file.content.findings});
+    EndOnErrors(findings);
+    const TargetPaths paths{options_.iniPath, options_.ddInstallPath};
+    for (const LoadedEntryFile& file : files_) {
+        for (const FileEntry& entry : file.content.entries) {
+            entries_.push_back({file.path, &entry, ToForm(entry, paths, services_.Events())});
+        }
+    }
+}
+
+void RegisterPlan::RequireTargets() {
+    const auto require = [&](bool isWanted, const std::string& path) {
+        if (!isWanted) return;
+        try {
+            services_.Files().RequireReplaceable(path);
+        } catch (const RunTimeError& error) {
+            throw CliError(CodeOf(error), path + ": " + error.Description(), {}, FileAdvice(error.Number()));
+        }
+    };
+    require(options_.targets.ini, options_.iniPath);
+    require(options_.targets.ddInstall, options_.ddInstallPath);
+}
+
+void RegisterPlan::ConnectDatabase() {
+    services_.Connect(database_.facade, database_.schemaVersion);
+    if (database_.schemaVersion < kCurrentSchema) return;
+    ReferenceLists& lists = database_.lists;
+    if (LoadReferenceLists(*database_.facade, lists.protocols, lists.majorCategories, lists.minorCategories))
+        return;
+    throw CliError(
+        ExitCode::Unreachable,
+        "data source \"" + services_.Settings().DSN + "\": its protocols and categories cannot be read",
+        services_.TakeDetails(), StatementAdvice(services_.Journal().Diagnostics()));
+}
+
+std::vector<FileFindings> RegisterPlan::CheckEntries(std::int16_t schemaVersion) {
+    CheckContext context;
+    context.targets = options_.targets;
+    context.schemaVersion = schemaVersion;
+    std::optional<ProfileFile> ini;
+    std::optional<ProfileFile> ddInstall;
+    if (options_.targets.ini) context.ini = &ini.emplace(LoadTarget(services_, options_.iniPath));
+    if (options_.targets.ddInstall)
+        context.ddInstall = &ddInstall.emplace(LoadTarget(services_, options_.ddInstallPath));
+    std::vector<FileFindings> findings;
+    for (const PlannedEntry& entry : entries_)
+        findings.push_back({entry.path, CheckEntry(*entry.source, context)});
+    return findings;
+}
+
+void RegisterPlan::EndOnErrors(const std::vector<FileFindings>& findings) {
+    const bool isWrong = std::any_of(findings.begin(), findings.end(),
+                                     [](const FileFindings& file) { return HasErrors(file.findings); });
+    if (!isWrong) return;
+    WriteFindings(findings);
+    throw CliError(ExitCode::WrongCall, "the entry files hold errors; nothing was written");
+}
+
+void RegisterPlan::WriteFindings(const std::vector<FileFindings>& findings) {
+    auto& list = console_.document["findings"] = nlohmann::ordered_json::array();
+    for (const FileFindings& file : findings) {
+        for (const Finding& finding : file.findings) {
+            list.push_back(Console::FindingJson(file.path, finding));
+            const bool isNews = finding.severity == Severity::Warning;
+            if (!console_.isJson && !(isNews && console_.isQuiet)) {
+                console_.WriteProblem(Console::FindingLine(file.path, finding));
+            }
+        }
+    }
+}
+
+}  // namespace ventlock

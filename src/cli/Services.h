@@ -1,0 +1,88 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/AppObjects.h"
+#include "core/clsLog.h"
+#include "core/clsSettings.h"
+#include "db/StatementJournal.h"
+#include "db/clsConnection.h"
+#include "db/clsTavDB.h"
+#include "platform/Host.h"
+#include "platform/IEvents.h"
+#include "platform/OverlayFiles.h"
+#include "platform/ProfileEdit.h"
+
+namespace ventlock {
+
+struct ServiceOptions {
+    bool isDryRun = false;  ///< nothing is written anywhere
+    DatabaseTimeLimits timeLimits;
+};
+
+/// Keeps what would have been shown in message boxes, for the answer of a command.
+class CollectedMessages final : public IMessageBox {
+ public:
+    void Show(const std::string& text, const std::string& title,
+              const std::optional<MessageHelp>& help) override;
+
+    /// All texts since the last call.
+    std::vector<std::string> Take();
+
+    [[nodiscard]] bool IsEmpty() const noexcept { return texts_.empty(); }
+
+ private:
+    std::vector<std::string> texts_;
+};
+
+/// The shared objects of a run without a window, set up as the window does: log, settings, dictionary,
+/// connection.
+class Services {
+ public:
+    /// `host` must outlive the services. @throws CliError when the program's own files make no sense.
+    Services(Host& host, const ServiceOptions& options);
+    ~Services();
+    Services(const Services&) = delete;
+    Services& operator=(const Services&) = delete;
+
+    [[nodiscard]] Host& Machine() noexcept { return host_; }
+    [[nodiscard]] const AppObjects& Objects() const noexcept { return objects_; }
+    [[nodiscard]] clsSettings& Settings() noexcept { return *settings_; }
+    [[nodiscard]] const ProfileStore& Profiles() const noexcept { return *profiles_; }
+    [[nodiscard]] IFiles& Files() noexcept { return *files_; }
+    [[nodiscard]] IEvents& Events() noexcept { return events_; }
+    [[nodiscard]] StatementJournal& Journal() noexcept { return journal_; }
+    [[nodiscard]] CollectedMessages& Messages() noexcept { return messages_; }
+    [[nodiscard]] IConnection* Connection() const noexcept { return connection_->DB(); }
+    [[nodiscard]] const DatabaseTimeLimits& TimeLimits() const noexcept { return options_.timeLimits; }
+
+    /// Connects to the settings' data source and checks the schema, which goes into `schemaVersion`.
+    /// @throws CliError 3 with the log's entries, the driver's records and advice.
+    void Connect(std::unique_ptr<clsTavDB>& tavDB, std::int16_t& schemaVersion);
+
+    /// What was logged since the last call, followed by the driver's records of the last failure.
+    std::vector<std::string> TakeDetails();
+
+    /// The path against the working folder, unless it is absolute. A blank path stays.
+    [[nodiscard]] std::string Absolute(const std::string& path);
+
+ private:
+    void LoadDictionary();
+
+    Host& host_;
+    ServiceOptions options_;
+    NoEvents events_;
+    CollectedMessages messages_;
+    StatementJournal journal_;
+    std::unique_ptr<OverlayFiles> overlay_;
+    IFiles* files_;
+    std::unique_ptr<ProfileStore> profiles_;
+    AppObjects objects_;
+    std::shared_ptr<clsSettings> settings_;
+    std::shared_ptr<clsConnection> connection_;
+};
+
+}  // namespace ventlock

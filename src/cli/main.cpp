@@ -1,0 +1,21 @@
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "cli/CommandLine.h"
+#include "platform/Host.h"
+#include "platform/Terminal.h"
+
+int main(int argc, char** argv) {
+    try {
+        // All programs of the family share the window's files, so the INI file is named after that one.
+        const auto host = ventlock::CreateHost("ventlock");
+        const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+        return static_cast<int>(
+            ventlock::RunCommandLine(arguments, *host, std::cout, std::cerr, ventlock::IsErrorTerminal()));
+    } catch (const std::exception& error) {
+        std::cerr << "ventlock-cli: " << error.what() << '\n';
+        return static_cast<int>(ventlock::ExitCode::TargetFailed);
+    }
+}
