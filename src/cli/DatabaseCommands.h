@@ -21,7 +21,7 @@ ExitCode CreateDatabase(Services& services, const CreateDatabaseOptions& options
 ExitCode ShowDatabase(Services& services, Console& console);
 
 /// Rows of one kind: protocols, major-categories, minor-categories, manufacturers or devices.
-/// @throws CliError 3, 2 for another kind.
+/// @throws CliError 3.
 ExitCode ListRows(Services& services, const std::string& kind, Console& console);
 
 /// The data sources that the driver manager knows, with their drivers.

@@ -1,0 +1,27 @@
+# Sourced by run.sh and test.sh: Debian packages that the project needs, and their installation.
+
+build_packages=(g++ cmake ninja-build unixodbc-dev libsqliteodbc libcli11-dev nlohmann-json3-dev libdtl-dev)
+test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc odbcinst odbc-postgresql odbc-mariadb
+    postgresql mariadb-server util-linux)
+
+# need_packages <package>...: installs those that are missing and says which; quick when all are there.
+need_packages() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    echo "Installing: ${missing[*]}"
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "These packages are missing and only root may install them: ${missing[*]}" >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    # Servers that come with the test packages are for the tests alone: none is to start by itself.
+    "${as_root[@]}" apt-get update -qq
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive RUNLEVEL=1 \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
