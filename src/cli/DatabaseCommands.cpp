@@ -181,11 +181,9 @@ ExitCode ListRows(Services& services, const std::string& kind, Console& console)
     std::unique_ptr<clsTavDB> facade;
     std::int16_t schemaVersion = 0;
     services.Connect(facade, schemaVersion);
-    std::string_view table;
-    const std::string_view statement = ListStatement(kind, schemaVersion, table);
     try {
-        const auto rows = services.Connection()->OpenRecordset(statements::Fill(statement, {table}),
-                                                               RecordsetType::Snapshot);
+        const auto rows =
+            services.Connection()->OpenRecordset(ListStatement(kind, schemaVersion), RecordsetType::Snapshot);
         auto& list = console.document["rows"] = Json::array();
         std::string heading;
         for (const std::string& column : rows->Columns()) heading += (heading.empty() ? "" : "\t") + column;
