@@ -158,9 +158,8 @@ class EntryWriter {
         }
         console_.WriteNews(title + ": " + place + (options_.isDryRun ? ": would be written" : ": written"));
         if (console_.isJson) return;
-        for (const std::string& message : result.messages) {
-            console_.WriteProblem("ventlock-cli: " + title + ": " + place + ": " + message);
-        }
+        const std::string where = "ventlock-cli: " + title + ": " + place + ": ";
+        for (const std::string& message : result.messages) console_.WriteProblem(where + message);
     }
 
     Services& services_;

@@ -37,7 +37,7 @@ ExitCode ListSettings(Services& services, Console& console) {
     auto& json = console.document["settings"] = nlohmann::ordered_json::object();
     for (const auto& [name, value] : AllSettings(services.Settings())) {
         json[name] = value;
-        console.WriteLine(name + "=" + value);
+        console.WriteLine(std::string(name).append("=").append(value));
     }
     return ExitCode::Done;
 }

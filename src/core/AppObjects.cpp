@@ -7,8 +7,9 @@
 namespace ventlock {
 
 void AppObjects::Add(std::string_view key, std::shared_ptr<AppObject> object) {
-    const bool added = objects_.try_emplace(UpperCase(key), std::move(object)).second;
-    if (!added) throw RunTimeError(ErrorNumber::KeyAlreadyAssociated);
+    const auto [entry, isNew] = objects_.try_emplace(UpperCase(key));
+    if (!isNew) throw RunTimeError(ErrorNumber::KeyAlreadyAssociated);
+    entry->second = std::move(object);
 }
 
 bool AppObjects::Contains(std::string_view key) const {

@@ -8,7 +8,7 @@ namespace ventlock {
 std::string OwnIniPath(IPaths& paths, IFiles& files) {
     const std::string name = paths.ExeName() + ".ini";
     if (!paths.ProgramFolderIsWritable()) {
-        const std::string users = paths.Join(paths.WindowsDirectory(), name);
+        std::string users = paths.Join(paths.WindowsDirectory(), name);
         if (files.Exists(users)) return users;
     }
     return paths.Join(paths.ProgramFolder(), name);

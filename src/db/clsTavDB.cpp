@@ -165,7 +165,7 @@ std::string clsTavDB::GetCategoryID(const std::string& szCategory, std::int16_t 
             events_.Yield();
         }
         step = "03";
-        const std::string number = DecimalText(largest.Next());
+        std::string number = DecimalText(largest.Next());
         const std::string_view insert =
             CategoryStatement(iOperation, statements::kNewMajorCategory, statements::kNewMinorCategory);
         DatabaseOf(oAppObjects_).Execute(Fill(insert, {number, szCategory, ""}));
@@ -193,7 +193,7 @@ std::string clsTavDB::GetDevCatID(const std::string& szMajCat, const std::string
             events_.Yield();
         }
         step = "03";
-        const std::string number = DecimalText(largest.Next());
+        std::string number = DecimalText(largest.Next());
         DatabaseOf(oAppObjects_).Execute(Fill(statements::kNewDeviceCategory, {number, szMajCat, szMinCat}));
         return number;
     });

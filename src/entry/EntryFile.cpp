@@ -102,8 +102,9 @@ class Parser {
             Error("unknown-key", "\"" + name + "\" is no key of an entry; the keys are " + AllKeyNames());
             return;
         }
-        const bool isNew =
-            file_.entries.back().values.try_emplace(std::string(key->name), text, line_).second;
+        const bool isNew = file_.entries.back()
+                               .values.try_emplace(std::string(key->name), FileEntry::Value{text, line_})
+                               .second;
         if (!isNew) Error("duplicate-key", "\"" + name + "\" stands twice in this section; keep one");
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -8,24 +9,22 @@
 namespace ventlock {
 
 /// Indexes of the text boxes.
-enum TextBox : std::size_t {
-    kDataSourceBox = 0,
-    kDDInstallPathBox = 1,
-    kIniPathBox = 2,
-    kManufacturerIdBox = 3,
-    kManufacturerNameBox = 4,
-    kManufacturerDescriptionBox = 5,
-    kDeviceIdBox = 6,
-    kDeviceNameBox = 7,
-    kDeviceDescriptionBox = 8,
-    kDllBox = 9,
-    kTemplateBox = 10,
-    kRevisionNameBox = 11,
-    kRevisionDescriptionBox = 12,
-    kDeviceHelpBox = 13,
-    kBlockHelpBox = 14,
-    kTextBoxCount = 15,
-};
+inline constexpr std::size_t kDataSourceBox = 0;
+inline constexpr std::size_t kDDInstallPathBox = 1;
+inline constexpr std::size_t kIniPathBox = 2;
+inline constexpr std::size_t kManufacturerIdBox = 3;
+inline constexpr std::size_t kManufacturerNameBox = 4;
+inline constexpr std::size_t kManufacturerDescriptionBox = 5;
+inline constexpr std::size_t kDeviceIdBox = 6;
+inline constexpr std::size_t kDeviceNameBox = 7;
+inline constexpr std::size_t kDeviceDescriptionBox = 8;
+inline constexpr std::size_t kDllBox = 9;
+inline constexpr std::size_t kTemplateBox = 10;
+inline constexpr std::size_t kRevisionNameBox = 11;
+inline constexpr std::size_t kRevisionDescriptionBox = 12;
+inline constexpr std::size_t kDeviceHelpBox = 13;
+inline constexpr std::size_t kBlockHelpBox = 14;
+inline constexpr std::size_t kTextBoxCount = 15;
 
 /// What a list or combo box of the database holds: how many items, which one is chosen (-1 none), and its
 /// text.

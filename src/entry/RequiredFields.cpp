@@ -8,7 +8,7 @@
 namespace ventlock {
 namespace {
 
-template <TextBox box>
+template <std::size_t box>
 bool IsBoxEmpty(const EntryForm& form) {
     return Trim(form.txtMain[box]).empty();
 }
