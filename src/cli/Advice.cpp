@@ -47,12 +47,16 @@ std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOp
     return "Check that the database server runs and lets the user \"sa\" in without a password.";
 }
 
-std::string StatementAdvice(const std::vector<std::string>& diagnostics) {
+std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool isOldSchema) {
     if (Mention(diagnostics, {"locked", "busy", "HYT00"})) return kLockedAdvice;
     if (Mention(diagnostics, {"readonly", "read-only", "permission", "denied"})) {
         return "The database is read-only for this user. Get the right to write to it.";
     }
     if (Mention(diagnostics, {"unique", "duplicate", "[23505]"})) {
+        if (isOldSchema) {
+            return "A database of the old schema takes each manufacturer, type and revision once and changes none. "
+                   "Delete its rows first, or leave the database out.";
+        }
         return "Another program took the number in between. Run the command again.";
     }
     return "Check the entry with \"ventlock-cli check\" and the database with \"ventlock-cli database "

@@ -13,7 +13,8 @@ namespace ventlock {
 std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOpen);
 
 /// What to do when a statement of a write failed.
-std::string StatementAdvice(const std::vector<std::string>& diagnostics);
+/// @param isOldSchema  of the database: there a manufacturer, a type or a revision is stored only once
+std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool isOldSchema = false);
 
 /// What to do when a file cannot be read or written.
 std::string FileAdvice(ErrorNumber number);

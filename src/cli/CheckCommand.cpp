@@ -1,5 +1,7 @@
 #include "cli/CheckCommand.h"
 
+#include <algorithm>
+
 #include "cli/EntryFiles.h"
 #include "db/SchemaVersion.h"
 
@@ -22,6 +24,8 @@ ExitCode RunCheck(Services& services, const CheckOptions& options, Console& cons
                                    .hasResource = ResourcesBeside(services, file.path)});
             findings.insert(findings.end(), found.begin(), found.end());
         }
+        std::stable_sort(findings.begin(), findings.end(),
+                         [](const Finding& a, const Finding& b) { return a.line < b.line; });
         for (const Finding& finding : findings) {
             console.WriteLine(Console::FindingLine(file.path, finding));
             list.push_back(Console::FindingJson(file.path, finding));

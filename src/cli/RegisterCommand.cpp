@@ -102,7 +102,10 @@ class EntryWriter {
         const bool isGathered = services_.Journal().Diagnostics().empty() && services_.Messages().IsEmpty();
         TargetResult result;
         result.isWritten = isGathered && facade_->Update();
-        if (!result.isWritten) result.advice = StatementAdvice(services_.Journal().Diagnostics());
+        if (!result.isWritten) {
+            result.advice = StatementAdvice(services_.Journal().Diagnostics(),
+                                            plan_.Database().schemaVersion < kCurrentSchema);
+        }
         result.messages = services_.TakeDetails();
         Json& statements = json["statements"] = Json::array();
         for (const JournalEntry& call : services_.Journal().Entries()) {
