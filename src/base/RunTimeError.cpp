@@ -60,21 +60,27 @@ std::string_view DescriptionOf(ErrorNumber number) {
 
 namespace {
 
-std::string WithDetail(ErrorNumber number, std::string_view detail) {
-    std::string text(DescriptionOf(number));
-    if (!detail.empty()) {
-        text += ' ';
-        text += detail;
-    }
-    return text;
+std::string Joined(std::string_view text, std::string_view more) {
+    std::string joined(text);
+    if (!more.empty()) joined.append(" ").append(more);
+    return joined;
 }
 
 }  // namespace
 
-RunTimeError::RunTimeError(ErrorNumber number) : RunTimeError(number, {}) {}
+RunTimeError::RunTimeError(ErrorNumber number, std::string description, const std::string& circumstance)
+    : std::runtime_error(Joined(description, circumstance)),
+      number_(number),
+      description_(std::move(description)) {}
+
+RunTimeError::RunTimeError(ErrorNumber number) : RunTimeError(number, std::string_view()) {}
 
 RunTimeError::RunTimeError(ErrorNumber number, std::string_view detail)
-    : std::runtime_error(WithDetail(number, detail)), number_(number) {}
+    : RunTimeError(number, Joined(DescriptionOf(number), detail), "") {}
+
+RunTimeError RunTimeError::OfFile(ErrorNumber number, const std::string& circumstance) {
+    return {number, std::string(DescriptionOf(number)), circumstance};
+}
 
 RunTimeError RunTimeError::OdbcCallFailed(std::vector<std::string> diagnostics) {
     RunTimeError error(ErrorNumber::OdbcCallFailed,

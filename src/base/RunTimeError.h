@@ -52,14 +52,23 @@ class RunTimeError : public std::runtime_error {
     /// All of `diagnostics` stay readable in Diagnostics(); empty gives the bare text.
     static RunTimeError OdbcCallFailed(std::vector<std::string> diagnostics);
 
+    /// A failed file operation. The description is the number's own text; `circumstance` (which file, the
+    /// system's own words) is told by what() only.
+    static RunTimeError OfFile(ErrorNumber number, const std::string& circumstance);
+
     [[nodiscard]] ErrorNumber Number() const noexcept { return number_; }
-    [[nodiscard]] std::string Description() const { return what(); }
+
+    /// The text that goes into the log; what() may tell more.
+    [[nodiscard]] const std::string& Description() const noexcept { return description_; }
 
     /// Every record that a driver left, "[state] text (native code)" each, in the driver's order.
     [[nodiscard]] const std::vector<std::string>& Diagnostics() const noexcept { return diagnostics_; }
 
  private:
+    RunTimeError(ErrorNumber number, std::string description, const std::string& circumstance);
+
     ErrorNumber number_;
+    std::string description_;
     std::vector<std::string> diagnostics_;
 };
 

@@ -41,8 +41,7 @@ std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOp
     }
     if (Mention(diagnostics, {"[IM002]", "No data source"})) {
         return "List the known ones with \"ventlock-cli database sources\", or make one with \"ventlock-cli "
-               "database "
-               "create\".";
+               "database create\". One that is listed names a driver that is not installed.";
     }
     return "Check that the database server runs and lets the user \"sa\" in without a password.";
 }
@@ -54,7 +53,8 @@ std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool is
     }
     if (Mention(diagnostics, {"unique", "duplicate", "[23505]"})) {
         if (isOldSchema) {
-            return "A database of the old schema takes each manufacturer, type and revision once and changes none. "
+            return "A database of the old schema takes each manufacturer, type and revision once and changes "
+                   "none. "
                    "Delete its rows first, or leave the database out.";
         }
         return "Another program took the number in between. Run the command again.";

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <functional>
+#include <optional>
 
 #include "cli/CheckCommand.h"
 #include "cli/CliError.h"
@@ -37,9 +38,10 @@ struct Options {
     bool toIni = false;
     bool toDDInstall = false;
     bool toAll = false;
-    std::string dataSource;
-    std::string iniPath;
-    std::string ddInstallPath;
+    // Given but empty is not omitted: an unset variable in a script must not lead to the default's target.
+    std::optional<std::string> dataSource;
+    std::optional<std::string> iniPath;
+    std::optional<std::string> ddInstallPath;
     bool isDryRun = false;
     bool isStrict = false;
     std::string schema = "current";
@@ -93,18 +95,25 @@ class Grammar {
         });
     }
 
+    /// An option whose empty text is kept apart from no text at all.
+    static void AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
+                        const std::string& description) {
+        command->add_option_function<std::string>(
+            name, [&text](const std::string& given) { text = given; }, description);
+    }
+
     void AddTargets(CLI::App* command, const std::string& verb) {
         command->add_option("FILE", given_.files, "Entry files: one section an entry")->required();
         command->add_flag("--db", given_.toDatabase, verb + " the device database");
         command->add_flag("--ini", given_.toIni, verb + " Pyx.ini");
         command->add_flag("--ddinstall", given_.toDDInstall, verb + " Ddinstal.ini");
-        command->add_option("--ini-path", given_.iniPath, "Path of Pyx.ini (default: the setting INIPath)");
-        command->add_option("--ddinstall-path", given_.ddInstallPath,
-                            "Path of Ddinstal.ini (default: the setting DDInstallPath)");
+        AddText(command, "--ini-path", given_.iniPath, "Path of Pyx.ini (default: the setting INIPath)");
+        AddText(command, "--ddinstall-path", given_.ddInstallPath,
+                "Path of Ddinstal.ini (default: the setting DDInstallPath)");
     }
 
     void AddDataSource(CLI::App* command) {
-        command->add_option("--dsn", given_.dataSource, "Data source (default: the setting DataSourceName)");
+        AddText(command, "--dsn", given_.dataSource, "Data source (default: the setting DataSourceName)");
     }
 
     void AddRegister() {
@@ -204,12 +213,11 @@ class Grammar {
     }
 
     std::string IniPath(Services& services) const {
-        return services.Absolute(given_.iniPath.empty() ? services.Settings().INIPath : given_.iniPath);
+        return services.Absolute(given_.iniPath.value_or(services.Settings().INIPath));
     }
 
     std::string DDInstallPath(Services& services) const {
-        return services.Absolute(given_.ddInstallPath.empty() ? services.Settings().DDInstallPath
-                                                              : given_.ddInstallPath);
+        return services.Absolute(given_.ddInstallPath.value_or(services.Settings().DDInstallPath));
     }
 
     Host& host_;
@@ -230,13 +238,13 @@ ExitCode RunWanted(const Grammar& grammar, Host& host, Console& console) {
                                   std::chrono::seconds(given.timeLimit)};
         }
         Services services(host, options);
-        if (!given.dataSource.empty()) services.Settings().DSN = given.dataSource;
+        if (given.dataSource) services.Settings().DSN = *given.dataSource;
         return grammar.Wanted()(services, console);
     } catch (const CliError& error) {
         console.WriteError(error);
         return error.Code();
     } catch (const RunTimeError& error) {
-        console.WriteError(CliError(ExitCode::TargetFailed, error.Description(), error.Diagnostics()));
+        console.WriteError(CliError(ExitCode::TargetFailed, error.what(), error.Diagnostics()));
         return ExitCode::TargetFailed;
     }
 }

@@ -24,7 +24,7 @@ using Json = nlohmann::ordered_json;
 [[noreturn]] void ThrowDatabaseError(ExitCode code, const std::string& what, const RunTimeError& error) {
     std::vector<std::string> details;
     for (const std::string& record : error.Diagnostics()) details.push_back("driver: " + record);
-    throw CliError(code, what + ": " + error.Description(), details, StatementAdvice(error.Diagnostics()));
+    throw CliError(code, what + ": " + error.what(), details, StatementAdvice(error.Diagnostics()));
 }
 
 std::string SqliteDriver() {
@@ -51,7 +51,7 @@ std::vector<std::string> SchemaStatements(Services& services, bool isOldSchema) 
             const auto more = SplitStatements(services.Files().ReadAll(file));
             statements.insert(statements.end(), more.begin(), more.end());
         } catch (const RunTimeError& error) {
-            throw CliError(ExitCode::TargetFailed, file + ": " + error.Description(), {},
+            throw CliError(ExitCode::TargetFailed, file + ": " + error.what(), {},
                            "Install the program again: its schema scripts are missing.");
         }
     }
@@ -122,8 +122,7 @@ ExitCode CreateDatabase(Services& services, const CreateDatabaseOptions& options
     try {
         services.Files().RequireReplaceable(options.file);
     } catch (const RunTimeError& error) {
-        throw CliError(CodeOf(error), options.file + ": " + error.Description(), {},
-                       FileAdvice(error.Number()));
+        throw CliError(CodeOf(error), options.file + ": " + error.what(), {}, FileAdvice(error.Number()));
     }
     if (services.Files().Exists(options.file)) {
         throw CliError(ExitCode::WrongCall, options.file + " exists", {},
@@ -172,7 +171,7 @@ ExitCode ShowDatabase(Services& services, Console& console) {
             show(std::string(counted.label), std::to_string(rows->RecordCount()));
         }
     } catch (const RunTimeError& error) {
-        ThrowDatabaseError(ExitCode::TargetFailed, "data source \"" + services.Settings().DSN + "\"", error);
+        ThrowDatabaseError(ExitCode::TargetFailed, services.DataSourceText(), error);
     }
     return ExitCode::Done;
 }
@@ -200,7 +199,7 @@ ExitCode ListRows(Services& services, const std::string& kind, Console& console)
             console.WriteLine(line);
         }
     } catch (const RunTimeError& error) {
-        ThrowDatabaseError(ExitCode::TargetFailed, "data source \"" + services.Settings().DSN + "\"", error);
+        ThrowDatabaseError(ExitCode::TargetFailed, services.DataSourceText(), error);
     }
     return ExitCode::Done;
 }

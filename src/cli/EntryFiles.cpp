@@ -11,7 +11,7 @@ std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vecto
         try {
             files.push_back({path, ParseEntryFile(services.Files().ReadAll(services.Absolute(path)))});
         } catch (const RunTimeError& error) {
-            throw CliError(ExitCode::WrongCall, "entry file " + path + ": " + error.Description(), {},
+            throw CliError(ExitCode::WrongCall, "entry file " + path + ": " + error.what(), {},
                            FileAdvice(error.Number()));
         }
     }
@@ -23,7 +23,7 @@ ProfileFile LoadTarget(Services& services, const std::string& path) {
         const bool exists = services.Files().Exists(path);
         return {exists ? services.Files().ReadAll(path) : std::string(), services.Profiles().Page()};
     } catch (const RunTimeError& error) {
-        throw CliError(CodeOf(error), path + ": " + error.Description(), {}, FileAdvice(error.Number()));
+        throw CliError(CodeOf(error), path + ": " + error.what(), {}, FileAdvice(error.Number()));
     }
 }
 

@@ -60,7 +60,7 @@ class EntryWriter {
             json["messages"] = result.messages;
             Tell(title, place, result);
         };
-        write(options_.targets.database, "database", "data source \"" + services_.Settings().DSN + "\"",
+        write(options_.targets.database, "database", services_.DataSourceText(),
               [&](Json& json) { return WriteDatabase(entry, json); });
         if (!options_.targets.database) Gather(entry);
         write(options_.targets.ini, "ini", options_.iniPath, [&](Json& json) { return WriteIni(json); });

@@ -47,16 +47,17 @@ void RegisterPlan::LoadEntries() {
 }
 
 void RegisterPlan::RequireTargets() {
-    const auto require = [&](bool isWanted, const std::string& path) {
+    const auto require = [&](bool isWanted, const std::string& name, const std::string& path) {
         if (!isWanted) return;
         try {
             services_.Files().RequireReplaceable(path);
         } catch (const RunTimeError& error) {
-            throw CliError(CodeOf(error), path + ": " + error.Description(), {}, FileAdvice(error.Number()));
+            throw CliError(CodeOf(error), (path.empty() ? name : path) + ": " + error.what(), {},
+                           FileAdvice(error.Number()));
         }
     };
-    require(options_.targets.ini, options_.iniPath);
-    require(options_.targets.ddInstall, options_.ddInstallPath);
+    require(options_.targets.ini, "Pyx.ini", options_.iniPath);
+    require(options_.targets.ddInstall, "Ddinstal.ini", options_.ddInstallPath);
 }
 
 void RegisterPlan::ConnectDatabase() {
@@ -65,10 +66,9 @@ void RegisterPlan::ConnectDatabase() {
     ReferenceLists& lists = database_.lists;
     if (LoadReferenceLists(*database_.facade, lists.protocols, lists.majorCategories, lists.minorCategories))
         return;
-    throw CliError(
-        ExitCode::Unreachable,
-        "data source \"" + services_.Settings().DSN + "\": its protocols and categories cannot be read",
-        services_.TakeDetails(), StatementAdvice(services_.Journal().Diagnostics()));
+    throw CliError(ExitCode::Unreachable,
+                   services_.DataSourceText() + ": its protocols and categories cannot be read",
+                   services_.TakeDetails(), StatementAdvice(services_.Journal().Diagnostics()));
 }
 
 std::vector<FileFindings> RegisterPlan::CheckEntries(std::int16_t schemaVersion) {
@@ -91,7 +91,8 @@ void RegisterPlan::EndOnErrors(const std::vector<FileFindings>& findings) {
                                      [](const FileFindings& file) { return HasErrors(file.findings); });
     if (!isWrong) return;
     WriteFindings(findings);
-    throw CliError(ExitCode::WrongCall, "the entry files hold errors; nothing was written");
+    throw CliError(ExitCode::WrongCall, "the entry files hold errors; nothing was written", {},
+                   "Mend what the findings name and run the command again.");
 }
 
 void RegisterPlan::WriteFindings(const std::vector<FileFindings>& findings) {

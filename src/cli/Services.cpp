@@ -8,6 +8,7 @@
 #include "core/OwnFiles.h"
 #include "core/modLocalization.h"
 #include "db/ConnectDatabase.h"
+#include "platform/odbc/ConnectString.h"
 #include "platform/odbc/OdbcEngine.h"
 
 namespace ventlock {
@@ -31,8 +32,7 @@ Services::Services(Host& host, const ServiceOptions& options)
     try {
         profiles_ = std::make_unique<ProfileStore>(OpenProfileStore(host.Paths(), *files_));
     } catch (const RunTimeError& error) {
-        throw CliError(ExitCode::WrongCall, OwnIniPath(host.Paths(), *files_) + ": " + error.Description(),
-                       {},
+        throw CliError(ExitCode::WrongCall, OwnIniPath(host.Paths(), *files_) + ": " + error.what(), {},
                        "Mend the value \"CodePage\" in its section \"Files\", for example CodePage=1252.");
     }
 
@@ -69,8 +69,12 @@ void Services::Connect(std::unique_ptr<clsTavDB>& tavDB, std::int16_t& schemaVer
     messages_.Take();
     journal_.Clear();
     if (ConnectDatabase(objects_, events_, tavDB, schemaVersion)) return;
-    throw CliError(ExitCode::Unreachable, "data source \"" + settings_->DSN + "\" cannot be used",
-                   TakeDetails(), ConnectAdvice(journal_.Diagnostics(), connection_->DB() != nullptr));
+    throw CliError(ExitCode::Unreachable, DataSourceText() + " cannot be used", TakeDetails(),
+                   ConnectAdvice(journal_.Diagnostics(), connection_->DB() != nullptr));
+}
+
+std::string Services::DataSourceText() const {
+    return "data source \"" + odbc::MaskPasswords(settings_->DSN) + "\"";
 }
 
 std::vector<std::string> Services::TakeDetails() {

@@ -59,6 +59,9 @@ class Services {
     [[nodiscard]] IConnection* Connection() const noexcept { return connection_->DB(); }
     [[nodiscard]] const DatabaseTimeLimits& TimeLimits() const noexcept { return options_.timeLimits; }
 
+    /// The settings' data source as messages name it, without a password that was given with it.
+    [[nodiscard]] std::string DataSourceText() const;
+
     /// Connects to the settings' data source and checks the schema, which goes into `schemaVersion`.
     /// @throws CliError 3 with the log's entries, the driver's records and advice.
     void Connect(std::unique_ptr<clsTavDB>& tavDB, std::int16_t& schemaVersion);

@@ -59,7 +59,7 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
         try {
             services.Profiles().Write(settings.INIPath, kDataSourceSection, kDataSourceKey, value);
         } catch (const RunTimeError& error) {
-            throw CliError(CodeOf(error), settings.INIPath + ": " + error.Description(), {},
+            throw CliError(CodeOf(error), settings.INIPath + ": " + error.what(), {},
                            FileAdvice(error.Number()));
         }
         console.WriteNews(std::string(kDataSourceKey) + "=" + value);
@@ -75,7 +75,7 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
             if (row->IsNumber()) ToInteger(RequireNumber(value));
             status = settings.StoreSetting(*row, value);
         } catch (const RunTimeError& error) {
-            throw CliError(ExitCode::WrongCall, name + " \"" + value + "\": " + error.Description(), {},
+            throw CliError(ExitCode::WrongCall, name + " \"" + value + "\": " + error.what(), {},
                            "Give a whole number from -32768 to 32767.");
         }
     }

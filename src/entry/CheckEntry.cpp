@@ -62,13 +62,15 @@ std::string Quoted(std::string_view text) {
 }
 
 std::string TargetNames(const Targets& targets) {
+    std::vector<std::string_view> wanted;
+    if (targets.database) wanted.emplace_back("the database");
+    if (targets.ini) wanted.emplace_back("Pyx.ini");
+    if (targets.ddInstall) wanted.emplace_back("Ddinstal.ini");
     std::string names;
-    const auto add = [&](bool wanted, std::string_view name) {
-        if (wanted) names.append(names.empty() ? "" : ", ").append(name);
-    };
-    add(targets.database, "the database");
-    add(targets.ini, "Pyx.ini");
-    add(targets.ddInstall, "Ddinstal.ini");
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+        if (i > 0) names += i + 1 < wanted.size() ? ", " : " and ";
+        names += wanted[i];
+    }
     return names;
 }
 
@@ -185,7 +187,8 @@ class Checker {
                 file->RequireWritable(Text(key));
             } catch (const RunTimeError& error) {
                 Add(Severity::Error, key, "code-page",
-                    "cannot be written to " + target + ": " + error.Description());
+                    "cannot be written to " + target + ": " + error.Description() +
+                        "; write it without, or store that file as UTF-16LE with a mark");
             }
         }
     }

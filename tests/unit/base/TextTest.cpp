@@ -1,0 +1,27 @@
+#include "base/Text.h"
+
+#include <gtest/gtest.h>
+
+namespace ventlock {
+namespace {
+
+TEST(Trim, RemovesBlanksAtBothEndsAndNothingElse) {
+    EXPECT_EQ(Trim("  a b  "), "a b");
+    EXPECT_EQ(Trim("a"), "a");
+    EXPECT_EQ(Trim(""), "");
+    EXPECT_EQ(Trim("    "), "");
+    EXPECT_EQ(Trim("\t a \t"), "\t a \t");
+    EXPECT_EQ(Trim(" \r\na\v "), "\r\na\v");
+    EXPECT_EQ(Trim("\xC2\xA0 a"), "\xC2\xA0 a");  // a no-break space is no blank
+}
+
+TEST(CharacterCount, CountsCharactersNotBytes) {
+    EXPECT_EQ(CharacterCount(""), 0U);
+    EXPECT_EQ(CharacterCount("abc"), 3U);
+    EXPECT_EQ(CharacterCount("Prüfgerät"), 9U);
+    EXPECT_EQ(CharacterCount("Ω中\xF0\x9F\x98\x80"), 3U);
+    EXPECT_EQ(CharacterCount("a\xFF"), 2U);
+}
+
+}  // namespace
+}  // namespace ventlock
