@@ -1,0 +1,284 @@
+#include "platform/ProfileFile.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "base/Utf.h"
+#include "platform/Casing.h"
+#include "platform/ProfileLines.h"
+
+namespace ventlock {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::string_view kUtf16Mark = "\xFF\xFE";
+
+bool IsAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
+}
+
+std::string FromUtf16Bytes(std::string_view bytes) {
+    if (bytes.size() % 2 != 0) {
+        throw RunTimeError(ErrorNumber::PathFileAccessError, "the UTF-16 text ends within a character");
+    }
+    std::u16string units;
+    units.reserve(bytes.size() / 2);
+    for (std::size_t i = 0; i < bytes.size(); i += 2) {
+        units += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
+                                       (static_cast<unsigned char>(bytes[i + 1]) << 8U));
+    }
+    return FromUtf16(units);
+}
+
+std::string ToUtf16Bytes(std::string_view utf8) {
+    std::string bytes;
+    for (const char16_t unit : ToUtf16(utf8)) {
+        bytes += static_cast<char>(unit & 0xFFU);
+        bytes += static_cast<char>(unit >> 8U);
+    }
+    return bytes;
+}
+
+[[noreturn]] void Refuse(std::string_view text, std::string_view why) {
+    std::string shown;
+    for (const char c : text) {
+        if (c == '\0') {
+            shown += "\\0";  // a NUL would end the description
+        } else {
+            shown += c;
+        }
+    }
+    throw RunTimeError(ErrorNumber::PathFileAccessError, "\"" + shown + "\" " + std::string(why));
+}
+
+void RefuseLineEnds(std::string_view text) {
+    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
+        Refuse(text, "holds a line end or a NUL");
+    }
+}
+
+void RequireWritableKey(std::string_view key) {
+    if (key.find('=') != std::string_view::npos) Refuse(key, "is no key: it holds a \"=\"");
+    if (!key.empty() && (key.front() == ';' || key.front() == '['))
+        Refuse(key, "is no key: it begins with that sign");
+}
+
+}  // namespace
+
+/// What a look-up of a key in a section finds.
+struct ProfileFile::Place {
+    bool hasSection = false;
+    bool hasKey = false;
+    std::size_t insertAt = 0;    ///< where a missing key of the section goes
+    std::size_t equalsEnd = 0;   ///< directly behind "="
+    std::size_t valueBegin = 0;  ///< behind "=" and the blanks that follow it
+    std::size_t valueEnd = 0;    ///< the line's end
+};
+
+ProfileFile::ProfileFile(std::string_view bytes, CodePage codePage)
+    : codePage_(codePage), isUtf16_(bytes.starts_with(kUtf16Mark)) {
+    text_ = isUtf16_ ? FromUtf16Bytes(bytes.substr(kUtf16Mark.size())) : std::string(bytes);
+}
+
+std::string ProfileFile::Bytes() const {
+    return isUtf16_ ? std::string(kUtf16Mark) + ToUtf16Bytes(text_) : text_;
+}
+
+std::optional<std::string> ProfileFile::Encode(std::string_view utf8) const {
+    if (!isUtf16_) return codePage_.Encode(utf8);
+    if (!IsUtf8(utf8)) return std::nullopt;
+    return std::string(utf8);
+}
+
+std::string ProfileFile::Decode(std::string_view stored) const {
+    return isUtf16_ ? std::string(stored) : codePage_.Decode(stored);
+}
+
+std::string ProfileFile::FoldedName(std::string_view stored) const {
+    const std::string_view name = TrimBlanks(stored);
+    return UpperCase(IsAscii(name) ? std::string(name) : Decode(name));
+}
+
+std::optional<std::string> ProfileFile::SectionName(std::string_view line) const {
+    const auto stored = HeaderName(line);
+    if (!stored) return std::nullopt;
+    if (IsAscii(line)) return std::string(TrimBlanks(*stored));
+    // In double-byte pages the second byte of a character may be that of "]", which closes nothing.
+    const std::string text = Decode(line);
+    return std::string(TrimBlanks(HeaderName(text).value_or(std::string_view())));
+}
+
+const std::unordered_map<std::string, std::size_t>& ProfileFile::Headers() const {
+    if (headers_) return *headers_;
+    headers_.emplace();
+    ProfileLines lines(text_);
+    for (ProfileLine line; lines.Next(line);) {
+        const auto name = SectionName(line.Content(text_));
+        if (name) headers_->try_emplace(UpperCase(*name), line.begin);
+    }
+    return *headers_;
+}
+
+ProfileFile::Place ProfileFile::Find(std::string_view section, std::string_view key) const {
+    Place place;
+    const auto header = Headers().find(UpperCase(TrimBlanks(section)));
+    if (header == Headers().end()) return place;
+
+    place.hasSection = true;
+    const std::string wantedKey = UpperCase(TrimBlanks(key));
+    ProfileLines lines(text_, header->second);
+    ProfileLine line;
+    lines.Next(line);
+    place.insertAt = line.next;
+    while (lines.Next(line)) {
+        const std::string_view content = line.Content(text_);
+        if (HeaderName(content)) break;
+        const auto name = KeyName(content);
+        if (!name) continue;
+        place.insertAt = line.next;
+        if (FoldedName(*name) == wantedKey) {
+            place.hasKey = true;
+            place.equalsEnd = line.begin + name->size() + 1;
+            place.valueBegin = line.begin + ValueBegin(content, *name);
+            place.valueEnd = line.end;
+            break;
+        }
+    }
+    return place;
+}
+
+/// Every change of the text goes through here, so that the known headers move along.
+void ProfileFile::Splice(std::size_t at, std::size_t length, std::string_view replacement) {
+    text_.replace(at, length, replacement);
+    if (!headers_) return;
+    for (auto& [name, position] : *headers_) {
+        if (position >= at + length) position += replacement.size() - length;
+    }
+}
+
+std::optional<std::string> ProfileFile::Read(std::string_view section, std::string_view key,
+                                             std::size_t bufferSize) const {
+    const Place place = Find(section, key);
+    if (!place.hasKey) return std::nullopt;
+    const std::string_view stored =
+        std::string_view(text_).substr(place.valueBegin, place.valueEnd - place.valueBegin);
+    std::string value = Decode(ProfileValue(stored));
+    return bufferSize == 0 ? value : FittingPart(value, bufferSize - 1);
+}
+
+std::string ProfileFile::FittingPart(const std::string& utf8, std::size_t mostBytes) const {
+    std::size_t used = 0;
+    for (std::size_t at = 0; at < utf8.size();) {
+        const std::size_t begin = at;
+        NextCharacter(utf8, at);
+        const auto encoded = codePage_.Encode(std::string_view(utf8).substr(begin, at - begin));
+        used += encoded ? encoded->size() : 1;
+        if (used > mostBytes) return utf8.substr(0, begin);
+    }
+    return utf8;
+}
+
+void ProfileFile::RequireWritable(std::string_view value) const {
+    RefuseLineEnds(value);
+    if (!Encode(value)) {
+        Refuse(value, "holds a character that " +
+                          (isUtf16_ ? "UTF-16" : "code page " + std::to_string(codePage_.Number())) +
+                          " lacks");
+    }
+}
+
+void ProfileFile::RequireWritableSection(std::string_view section) const {
+    RequireWritable(section);
+    if (section.find(']') != std::string_view::npos) Refuse(section, "is no section name: it holds a \"]\"");
+}
+
+void ProfileFile::Write(std::string_view section, std::string_view key, std::string_view value) {
+    const std::string_view sectionName = TrimBlanks(section);
+    const std::string_view keyName = TrimBlanks(key);
+    RequireWritableSection(sectionName);
+    RequireWritable(keyName);
+    RequireWritableKey(keyName);
+    RequireWritable(value);
+
+    AddSection(sectionName);
+    const std::string newValue = Encode(value).value_or("");
+    const Place place = Find(sectionName, keyName);
+    if (place.hasKey) {
+        ReplaceValue(place, newValue);
+        return;
+    }
+    const std::string line = Encode(keyName).value_or("") + "=" + newValue;
+    InsertLine(place.insertAt, line);
+}
+
+void ProfileFile::ReplaceValue(const Place& place, std::string newValue) {
+    const std::string_view stored =
+        std::string_view(text_).substr(place.equalsEnd, place.valueEnd - place.equalsEnd);
+    if (stored == newValue || TrimBlanks(stored) == newValue) return;
+    // Blanks behind "=" stay, unless the value brings its own: they would grow with every write.
+    const std::size_t begin = BeginsWithBlank(newValue) ? place.equalsEnd : place.valueBegin;
+    if (place.valueEnd == text_.size()) newValue += kLineEnd;
+    Splice(begin, place.valueEnd - begin, newValue);
+}
+
+std::vector<std::string> ProfileFile::Sections() const {
+    std::vector<std::string> names;
+    ProfileLines lines(text_);
+    for (ProfileLine line; lines.Next(line);) {
+        auto name = SectionName(line.Content(text_));
+        if (name) names.push_back(std::move(*name));
+    }
+    return names;
+}
+
+void ProfileFile::AddSection(std::string_view section) {
+    const std::string_view name = TrimBlanks(section);
+    RequireWritableSection(name);
+    const std::string folded = UpperCase(name);
+    if (Headers().contains(folded)) return;
+    const std::string line = "[" + Encode(name).value_or("") + "]";
+    headers_->try_emplace(folded, InsertLine(text_.size(), line));
+}
+
+/// Puts a line at `at`, the beginning of a line or the end of the text, and returns where it begins.
+std::size_t ProfileFile::InsertLine(std::size_t at, std::string_view line) {
+    const bool followsOpenLine = at > 0 && text_[at - 1] != '\n' && text_[at - 1] != '\r';
+    std::string added(followsOpenLine ? kLineEnd : "");
+    const std::size_t begin = at + added.size();
+    added += line;
+    added += kLineEnd;
+    Splice(at, 0, added);
+    return begin;
+}
+
+void ProfileFile::SeparateSections() {
+    constexpr std::size_t kMostLines = std::numeric_limits<std::int16_t>::max();
+    std::string tidied;
+    tidied.reserve(text_.size() + text_.size() / 16);
+    std::size_t count = 0;
+    bool followsBlank = false;
+    ProfileLines lines(text_);
+    for (ProfileLine line; lines.Next(line);) {
+        if (++count > kMostLines) throw RunTimeError(ErrorNumber::Overflow);
+        const std::string_view content = line.Content(text_);
+        if (count >= 2 && content.starts_with('[') && !followsBlank) tidied += kLineEnd;
+        tidied += content;
+        tidied += kLineEnd;
+        followsBlank = Trim(content).empty();
+    }
+    text_ = std::move(tidied);
+    headers_.reset();
+}
+
+std::size_t ProfileFile::LineCount() const {
+    std::size_t count = 0;
+    ProfileLines lines(text_);
+    for (ProfileLine line; lines.Next(line);) ++count;
+    return count;
+}
+
+}  // namespace ventlock

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/CodePage.h"
+
+namespace ventlock {
+
+/// The text of a profile (INI) file, edited in memory by the platform's rules:
+/// - look-up of sections and keys ignores case and the blanks around them; the first of equal ones counts;
+/// keys
+///   before the first header and lines that begin with ";" are no keys;
+/// - an existing key keeps its place and spelling, only the value changes; every other byte stays as it is;
+/// - a missing key goes directly behind the last key line of its section, or behind the header; a missing
+/// section
+///   to the end of the file; new lines are `key=value` and CR LF; a last line without end gets one before a
+///   line is put behind it and when it is changed itself.
+/// A line ends at CR, LF or CR LF. A file with a UTF-16LE mark is UTF-16LE and stays so, any other file is
+/// bytes in its code page. Texts given and returned are UTF-8.
+class ProfileFile {
+ public:
+    /// @throws RunTimeError 75 when a UTF-16LE file ends within a character.
+    ProfileFile(std::string_view bytes, CodePage codePage);
+
+    /// The value of a key: blanks around it trimmed, one matching pair of quotes removed, then cut to the
+    /// characters that fit into `bufferSize` - 1 bytes of the code page (0: not cut). Nothing when the key is
+    /// absent.
+    [[nodiscard]] std::optional<std::string> Read(std::string_view section, std::string_view key,
+                                                  std::size_t bufferSize = 0) const;
+
+    /// Sets a key. @throws RunTimeError 75 as RequireWritable, nothing changed then.
+    void Write(std::string_view section, std::string_view key, std::string_view value);
+
+    /// Names of all sections in the file's order, equal ones as often as they occur.
+    [[nodiscard]] std::vector<std::string> Sections() const;
+
+    /// Puts an empty section to the end of the file unless it has one of that name.
+    /// @throws RunTimeError 75 as RequireWritableSection, nothing changed then.
+    void AddSection(std::string_view section);
+
+    /// Refuses what cannot stand in this file: a character that its code page lacks, a CR, LF or NUL, in a
+    /// section name a "]". @throws RunTimeError 75 with the text in the detail.
+    void RequireWritable(std::string_view value) const;
+    void RequireWritableSection(std::string_view section) const;
+
+    /// The tidy pass: an empty line before every line from the second on that begins with "[" and does not
+    /// follow a line of blanks; every line then ends in CR LF. Nothing is changed when it throws.
+    /// @throws RunTimeError 6 for more than 32767 lines.
+    void SeparateSections();
+
+    /// Lines of the file, the last one counted without a line end too.
+    [[nodiscard]] std::size_t LineCount() const;
+
+    /// The whole text, for showing it.
+    [[nodiscard]] std::string Text() const { return Decode(text_); }
+
+    /// The file as it is to be stored, mark included.
+    [[nodiscard]] std::string Bytes() const;
+
+ private:
+    struct Place;
+    [[nodiscard]] std::optional<std::string> Encode(std::string_view utf8) const;
+    [[nodiscard]] std::string Decode(std::string_view stored) const;
+    [[nodiscard]] std::string FittingPart(const std::string& utf8, std::size_t mostBytes) const;
+    [[nodiscard]] std::string FoldedName(std::string_view stored) const;
+    [[nodiscard]] std::optional<std::string> SectionName(std::string_view line) const;
+    [[nodiscard]] Place Find(std::string_view section, std::string_view key) const;
+    [[nodiscard]] const std::unordered_map<std::string, std::size_t>& Headers() const;
+    void ReplaceValue(const Place& place, std::string newValue);
+    std::size_t InsertLine(std::size_t at, std::string_view line);
+    void Splice(std::size_t at, std::size_t length, std::string_view replacement);
+
+    CodePage codePage_;
+    bool isUtf16_ = false;
+    std::string text_;  ///< the file's own bytes; UTF-8 for a UTF-16LE file, mark left out
+
+    /// Position of the first header of each section by its upper-cased name; made by the first look-up, kept
+    /// in step by Splice.
+    mutable std::optional<std::unordered_map<std::string, std::size_t>> headers_;
+};
+
+}  // namespace ventlock

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace ventlock {
+
+/// One line of a text by its positions: content from `begin` to `end`, the line end up to `next`.
+struct ProfileLine {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    std::size_t next = 0;
+
+    [[nodiscard]] std::string_view Content(std::string_view text) const {
+        return text.substr(begin, end - begin);
+    }
+};
+
+/// Without blanks, tabs and vertical tabs at both ends: what profile files take for blanks.
+std::string_view TrimBlanks(std::string_view text);
+
+/// True when the text begins with a character that TrimBlanks takes away.
+bool BeginsWithBlank(std::string_view text);
+
+/// The name between the brackets of a header line, as it stands. A header without "]" is closed by its line
+/// end; what stands behind the first "]" means nothing. Nothing for any other line.
+std::optional<std::string_view> HeaderName(std::string_view line);
+
+/// What stands before "=" in a key line; nothing for a header, a comment and a line without "=".
+std::optional<std::string_view> KeyName(std::string_view line);
+
+/// Where the value begins in a key line: behind "=" and the blanks that follow it.
+std::size_t ValueBegin(std::string_view line, std::string_view keyName);
+
+/// A stored value as it is read: blanks around it trimmed, one matching pair of quotes removed.
+std::string_view ProfileValue(std::string_view stored);
+
+/// True for an empty line and a comment.
+bool IsBlankOrComment(std::string_view line);
+
+/// Walks the lines of a text, each ended by CR, LF or CR LF, the last one perhaps by nothing. An empty text
+/// has none. The text must outlive the walk and stay unchanged.
+class ProfileLines {
+ public:
+    /// The walk begins at `from`, which is the beginning of a line.
+    explicit ProfileLines(std::string_view text, std::size_t from = 0) : text_(text), at_(from) {}
+
+    /// Takes the next line; False at the end of the text.
+    bool Next(ProfileLine& line);
+
+ private:
+    // The next CR and LF are kept apart, so that a text without one of them is searched for it only once.
+    std::string_view text_;
+    std::size_t at_;
+    std::size_t carriageReturn_ = 0;
+    std::size_t lineFeed_ = 0;
+    bool searched_ = false;
+};
+
+}  // namespace ventlock

@@ -1,0 +1,62 @@
+#include "platform/Recordset.h"
+
+#include <utility>
+
+#include "base/Numbers.h"
+#include "base/RunTimeError.h"
+#include "platform/Casing.h"
+
+namespace ventlock {
+
+double Field::Number() const {
+    if (!text_) throw RunTimeError(ErrorNumber::InvalidUseOfNull);
+    return RequireNumber(*text_);
+}
+
+std::int16_t Field::Integer() const {
+    return ToInteger(Number());
+}
+
+void Recordset::AppendRow(const std::vector<std::optional<std::string_view>>& cells) {
+    if (cells.size() != columns_.size()) throw RunTimeError(ErrorNumber::InvalidProcedureCall);
+    for (const auto& text : cells) {
+        cells_.push_back(text ? Cell{texts_.size(), text->size()} : Cell{});
+        if (text) texts_ += *text;
+    }
+}
+
+Field Recordset::Column(std::string_view name) const {
+    const std::size_t column = ColumnIndex(name);
+    if (AtEnd()) throw RunTimeError(ErrorNumber::NoCurrentRecord);
+    const Cell& cell = cells_[row_ * columns_.size() + column];
+    if (cell.length == kNull) return Field(std::nullopt);
+    return Field(std::string_view(texts_).substr(cell.begin, cell.length));
+}
+
+std::size_t Recordset::ColumnIndex(std::string_view name) const {
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (columns_[i] == name) return i;
+    }
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (EqualIgnoringCase(columns_[i], name)) return i;
+    }
+    throw RunTimeError(ErrorNumber::ItemNotFound, name);
+}
+
+void Recordset::AddNew() {
+    if (!insert_) throw RunTimeError(ErrorNumber::ObjectInvalid);
+    newRecord_.emplace();
+}
+
+void Recordset::Set(std::string_view name, RecordValue value) {
+    if (!newRecord_) throw RunTimeError(ErrorNumber::NoCurrentRecord);
+    newRecord_->push_back({std::string(name), std::move(value)});
+}
+
+void Recordset::Update() {
+    if (!newRecord_) throw RunTimeError(ErrorNumber::NoCurrentRecord);
+    const std::vector<RecordField> record = *std::exchange(newRecord_, std::nullopt);
+    insert_(record);
+}
+
+}  // namespace ventlock

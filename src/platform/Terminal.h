@@ -1,0 +1,8 @@
+#pragma once
+
+namespace ventlock {
+
+/// True when stderr is shown to somebody as it is written.
+bool IsErrorTerminal();
+
+}  // namespace ventlock

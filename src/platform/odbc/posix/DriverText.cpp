@@ -1,0 +1,23 @@
+#include "platform/odbc/DriverText.h"
+
+#include <array>
+#include <string>
+
+namespace ventlock::odbc {
+
+// For a driver without wide functions this driver manager turns wide text into one-byte characters and drops
+// the upper half of what does not fit. Such drivers take UTF-8 as it is. Which kind a driver is shows when it
+// translates a text without running it: only wide functions bring the character back.
+TextForm FormForDriver(SQLHANDLE connection) {
+    const std::string probe = "SELECT '\u03A9'";
+    WideText text = ToWide(probe);
+    std::array<SQLWCHAR, 64> translated{};
+    SQLINTEGER length = 0;
+    const SQLRETURN result = SQLNativeSqlW(connection, text.data(), SQL_NTS, translated.data(),
+                                           static_cast<SQLINTEGER>(translated.size()), &length);
+    if (!SQL_SUCCEEDED(result)) return TextForm::Wide;
+    const std::string back = FromWide(translated.data(), FilledLength(translated.data(), translated.size()));
+    return back.find("\u03A9") == std::string::npos ? TextForm::Bytes : TextForm::Wide;
+}
+
+}  // namespace ventlock::odbc

@@ -1,0 +1,84 @@
+#include "platform/posix/PosixFileLock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <thread>
+
+#include "base/RunTimeError.h"
+#include "platform/posix/FileErrors.h"
+
+namespace ventlock {
+namespace {
+
+constexpr mode_t kOrdinaryMode = 0666;
+constexpr std::chrono::milliseconds kPause{5};  // between two tries
+constexpr int kHowToOpen = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+
+}  // namespace
+
+PosixFileLock::PosixFileLock(const FileCalls& calls, const FileTarget& target,
+                             std::chrono::milliseconds patience)
+    : calls_(calls),
+      given_(target.given),
+      path_(target.folder + "/." + target.name + ".lock"),
+      file_(Acquire(patience)) {}
+
+PosixFileLock::~PosixFileLock() {
+    // Taken away while still held: whoever has it open finds out by StillNames and makes a new one.
+    calls_.unlink(path_.c_str());
+}
+
+Descriptor PosixFileLock::Acquire(std::chrono::milliseconds patience) const {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    for (;;) {
+        Descriptor file = Open();
+        const bool isLocked =
+            Uninterrupted([&] { return calls_.flock(file.Number(), LOCK_EX | LOCK_NB); }) == 0;
+        if (!isLocked && errno != EWOULDBLOCK) throw FileError(given_, errno);
+        // Its holder may have taken it away between our open and our lock: then it guards nothing any more.
+        if (isLocked && StillNames(file)) return file;
+        if (std::chrono::steady_clock::now() >= end) throw FileError(given_, EWOULDBLOCK);
+        if (!isLocked) std::this_thread::sleep_for(kPause);
+    }
+}
+
+Descriptor PosixFileLock::Open() const {
+    for (;;) {
+        // Found first and made second: in a shared folder the system refuses O_CREAT on another user's file.
+        int number = OpenExisting();
+        if (number < 0 && errno == ENOENT) {
+            number = Uninterrupted([&] {
+                return calls_.open(path_.c_str(), kHowToOpen | O_RDWR | O_CREAT | O_EXCL, kOrdinaryMode);
+            });
+            if (number < 0 && errno == EEXIST) continue;
+        }
+        if (number >= 0) return {calls_, number};
+        if (errno == ENOENT) throw FileError(ErrorNumber::PathNotFound, given_, ENOENT);
+        throw FileError(given_, errno);
+    }
+}
+
+int PosixFileLock::OpenExisting() const {
+    // Network file systems lock only what is open for writing; another user's file may only be open for
+    // reading.
+    const int number = Uninterrupted([&] { return calls_.open(path_.c_str(), kHowToOpen | O_RDWR, 0); });
+    if (number >= 0 || errno != EACCES) return number;
+    return Uninterrupted([&] { return calls_.open(path_.c_str(), kHowToOpen | O_RDONLY, 0); });
+}
+
+bool PosixFileLock::StillNames(const Descriptor& file) const {
+    struct stat held {};
+    struct stat named {};
+    if (calls_.fstat(file.Number(), &held) != 0) throw FileError(given_, errno);
+    if (!S_ISREG(held.st_mode)) throw FileError(given_, EACCES);
+    if (calls_.lstat(path_.c_str(), &named) != 0) {
+        if (errno == ENOENT) return false;
+        throw FileError(given_, errno);
+    }
+    return held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+}
+
+}  // namespace ventlock

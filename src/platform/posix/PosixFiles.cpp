@@ -1,0 +1,96 @@
+#include "platform/posix/PosixFiles.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <cerrno>
+
+#include "base/RunTimeError.h"
+#include "base/Text.h"
+#include "platform/posix/Descriptor.h"
+#include "platform/posix/FileErrors.h"
+#include "platform/posix/FileTarget.h"
+#include "platform/posix/PosixFileLock.h"
+#include "platform/posix/ReplacementFile.h"
+
+namespace ventlock {
+namespace {
+
+constexpr mode_t kOrdinaryMode = 0666;
+constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+
+/// O_NONBLOCK: a pipe of that name must not hold the program up before it can be refused.
+constexpr int kHowToOpen = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+
+/// Opens a regular file.
+Descriptor Open(const FileCalls& calls, const std::string& path, int flags, struct stat& facts) {
+    RequireUsablePath(path);
+    Descriptor file(
+        calls, Uninterrupted([&] { return calls.open(path.c_str(), flags | kHowToOpen, kOrdinaryMode); }));
+    if (!file.IsOpen()) {
+        const int reason = errno;
+        struct stat folder {};
+        // A path that ends in "/" is a folder to the system before it looks whether that is there.
+        const bool mayLackFolder = reason == ENOENT || reason == EISDIR;
+        const bool folderMissing = mayLackFolder && calls.stat(FolderOf(path).c_str(), &folder) != 0;
+        throw FileError(folderMissing ? ErrorNumber::PathNotFound : FileErrorNumber(reason), path, reason);
+    }
+    if (calls.fstat(file.Number(), &facts) != 0) throw FileError(path, errno);
+    if (!S_ISREG(facts.st_mode)) {
+        throw FileError(ErrorNumber::PathFileAccessError, path, S_ISDIR(facts.st_mode) ? EISDIR : EACCES);
+    }
+    return file;
+}
+
+}  // namespace
+
+bool PosixFiles::Exists(const std::string& path) {
+    if (Trim(path).empty() || IsDrivePath(path) || path.find('\0') != std::string::npos) return false;
+    struct stat facts {};
+    return calls_.stat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
+void PosixFiles::RequireReplaceable(const std::string& path) {
+    RequireReplaceableTarget(calls_, ResolveTarget(calls_, path));
+}
+
+std::string PosixFiles::ReadAll(const std::string& path) {
+    struct stat facts {};
+    const Descriptor file = Open(calls_, path, O_RDONLY, facts);
+    std::string bytes;
+    bytes.reserve(static_cast<std::size_t>(facts.st_size));
+    std::array<char, 65536> buffer{};
+    for (;;) {
+        const ssize_t count =
+            Uninterrupted([&] { return calls_.read(file.Number(), buffer.data(), buffer.size()); });
+        if (count < 0) throw FileError(path, errno);
+        if (count == 0) return bytes;
+        bytes.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+}
+
+void PosixFiles::Replace(const std::string& path, std::string_view bytes) {
+    const FileTarget target = ResolveTarget(calls_, path);
+    RequireReplaceableTarget(calls_, target);
+    ReplacementFile file(calls_, target);
+    file.Write(bytes);
+    file.Commit();
+}
+
+void PosixFiles::Copy(const std::string& from, const std::string& to) {
+    Replace(to, ReadAll(from));
+}
+
+void PosixFiles::Append(const std::string& path, std::string_view bytes) {
+    struct stat facts {};
+    Descriptor file = Open(calls_, path, O_WRONLY | O_APPEND | O_CREAT, facts);
+    if ((facts.st_mode & kAnyWrite) == 0) throw FileError(path, EACCES);
+    if (!WriteAll(calls_, file.Number(), bytes) || !file.Close()) throw FileError(path, errno);
+}
+
+std::unique_ptr<IFileLock> PosixFiles::Lock(const std::string& path) {
+    return std::make_unique<PosixFileLock>(calls_, ResolveTarget(calls_, path), lockPatience_);
+}
+
+}  // namespace ventlock

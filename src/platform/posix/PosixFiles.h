@@ -1,0 +1,38 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/IFiles.h"
+#include "platform/posix/FileCalls.h"
+
+namespace ventlock {
+
+/// Files of a POSIX host. A path that begins with a drive letter, ":" and "\" never exists and raises 76; a
+/// file without any write permission counts as read-only for the superuser too. Errors read: the number's
+/// text, the path in quotes, ":" and the system's own words.
+class PosixFiles final : public IFiles {
+ public:
+    /// @param lockPatience  how long Lock waits for another holder
+    explicit PosixFiles(std::chrono::milliseconds lockPatience = std::chrono::seconds(10),
+                        const FileCalls& calls = SystemFileCalls())
+        : calls_(calls), lockPatience_(lockPatience) {}
+
+    bool Exists(const std::string& path) override;
+    void RequireReplaceable(const std::string& path) override;
+    std::string ReadAll(const std::string& path) override;
+    void Replace(const std::string& path, std::string_view bytes) override;
+    void Copy(const std::string& from, const std::string& to) override;
+    void Append(const std::string& path, std::string_view bytes) override;
+
+    /// The lock must not outlive this object.
+    std::unique_ptr<IFileLock> Lock(const std::string& path) override;
+
+ private:
+    FileCalls calls_;
+    std::chrono::milliseconds lockPatience_;
+};
+
+}  // namespace ventlock
