@@ -1,0 +1,63 @@
+#include "platform/Casing.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <string>
+
+namespace ventlock {
+namespace {
+
+TEST(Casing, ConvertsEveryCharacterWhateverTheLocale) {
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    for (const char* const name : {"C", "C.UTF-8"}) {
+        ASSERT_NE(std::setlocale(LC_ALL, name), nullptr);
+        EXPECT_EQ(UpperCase("Prüfgerät azAZ09[`{@"), "PRÜFGERÄT AZAZ09[`{@");
+        EXPECT_EQ(LowerCase("PRÜFGERÄT azAZ09[`{@"), "prüfgerät azaz09[`{@");
+        EXPECT_EQ(UpperCase("ωжéÿ中"), "ΩЖÉŸ中");
+        EXPECT_EQ(LowerCase("ΩЖÉŸ中"), "ωжéÿ中");
+    }
+    std::setlocale(LC_ALL, before.c_str());
+}
+
+TEST(Casing, OneCharacterGivesOneCharacter) {
+    EXPECT_EQ(UpperCase("Straße"), "STRAßE");
+    EXPECT_EQ(UpperCase("ﬁn"), "ﬁN");  // the ligature has no simple capital
+    EXPECT_EQ(UpperCase(U'i'), U'I');
+    EXPECT_EQ(LowerCase(U'I'), U'i');
+    EXPECT_EQ(UpperCase(U'ü'), U'Ü');
+    EXPECT_EQ(LowerCase(U'Ü'), U'ü');
+}
+
+TEST(Casing, BytesThatAreNoTextAreKept) {
+    EXPECT_EQ(UpperCase("a\xFF"
+                        "b\xC3"),
+              "A\xFF"
+              "B\xC3");
+    EXPECT_EQ(LowerCase("A\xFF"
+                        "B\xC3"),
+              "a\xFF"
+              "b\xC3");
+    EXPECT_TRUE(EqualIgnoringCase("a\xFF", "A\xFF"));
+    EXPECT_FALSE(EqualIgnoringCase("a\xFF", "A\xFE"));
+    EXPECT_FALSE(EqualIgnoringCase("a\xFF", "A\xEF\xBF\xBD"));
+}
+
+TEST(EqualIgnoringCase, ComparesTheCapitalsOfBothTexts) {
+    EXPECT_TRUE(EqualIgnoringCase("", ""));
+    EXPECT_TRUE(EqualIgnoringCase("DataSourceName", "DATASOURCEname"));
+    EXPECT_TRUE(EqualIgnoringCase("Gerät", "GERÄT"));
+    EXPECT_TRUE(EqualIgnoringCase("\xC4\xB1", "I"));  // the dotless i, two bytes
+    EXPECT_TRUE(EqualIgnoringCase("s", "\xC5\xBF"));  // the long s, two bytes
+    EXPECT_FALSE(EqualIgnoringCase("a", ""));
+    EXPECT_FALSE(EqualIgnoringCase("", "a"));
+    EXPECT_FALSE(EqualIgnoringCase("abc", "abcd"));
+    EXPECT_FALSE(EqualIgnoringCase("abc", "abd"));
+    EXPECT_FALSE(EqualIgnoringCase("ä", "a"));
+    EXPECT_FALSE(EqualIgnoringCase("ß", "SS"));
+    EXPECT_FALSE(EqualIgnoringCase("@", "`"));
+    EXPECT_FALSE(EqualIgnoringCase("[", "{"));
+}
+
+}  // namespace
+}  // namespace ventlock

@@ -1,0 +1,70 @@
+#include "platform/ProfileLines.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ventlock::test {
+namespace {
+
+using Contents = std::vector<std::string>;
+
+Contents Walk(std::string_view text, std::size_t from = 0) {
+    Contents contents;
+    ProfileLines lines(text, from);
+    std::size_t expectedBegin = from;
+    for (ProfileLine line; lines.Next(line);) {
+        EXPECT_EQ(line.begin, expectedBegin) << "a line begins where the one before it ends";
+        expectedBegin = line.next;
+        contents.emplace_back(line.Content(text));
+    }
+    EXPECT_EQ(expectedBegin, text.size());
+    return contents;
+}
+
+TEST(ProfileLines, EndAtCarriageReturnLineFeedOrBoth) {
+    EXPECT_EQ(Walk("a\r\nb\nc\rd"), (Contents{"a", "b", "c", "d"}));
+    EXPECT_EQ(Walk("\n\r\n\r\r"), (Contents{"", "", "", ""}));
+    EXPECT_EQ(Walk("a\n\rb"), (Contents{"a", "", "b"}));
+    EXPECT_EQ(Walk("a\r\r\nb\r\n"), (Contents{"a", "", "b"}));
+    EXPECT_EQ(Walk(""), Contents());
+}
+
+TEST(ProfileLines, CanBeWalkedFromALineOn) {
+    EXPECT_EQ(Walk("a\r\nb\nc\rd", 3), (Contents{"b", "c", "d"}));
+    EXPECT_EQ(Walk("a\n", 2), Contents());
+}
+
+TEST(ProfileLines, BlanksAreSpaceTabAndVerticalTab) {
+    EXPECT_EQ(TrimBlanks(" \t\va b\v\t "), "a b");
+    EXPECT_EQ(TrimBlanks(" \t\v"), "");
+    EXPECT_EQ(TrimBlanks("\fa\f"), "\fa\f");
+    EXPECT_TRUE(BeginsWithBlank("\ta"));
+    EXPECT_FALSE(BeginsWithBlank("a "));
+    EXPECT_FALSE(BeginsWithBlank(""));
+}
+
+TEST(ProfileLines, KnowHeadersKeysAndComments) {
+    EXPECT_EQ(HeaderName("[A]"), "A");
+    EXPECT_EQ(HeaderName("\t[ A ] b]"), " A ");
+    EXPECT_EQ(HeaderName("[A"), "A");
+    EXPECT_EQ(HeaderName("x[A]"), std::nullopt);
+    EXPECT_EQ(HeaderName(""), std::nullopt);
+    EXPECT_EQ(KeyName(" x =1"), " x ");
+    EXPECT_EQ(KeyName("=1"), "");
+    EXPECT_EQ(KeyName(";x=1"), std::nullopt);
+    EXPECT_EQ(KeyName("[x=1"), std::nullopt);
+    EXPECT_EQ(KeyName("x"), std::nullopt);
+    EXPECT_EQ(ValueBegin("x= \t1", "x"), 4U);
+    EXPECT_EQ(ValueBegin("x=  ", "x"), 4U);
+    EXPECT_EQ(ValueBegin("x=", "x"), 2U);
+    EXPECT_TRUE(IsBlankOrComment(" \t"));
+    EXPECT_TRUE(IsBlankOrComment(" ; x"));
+    EXPECT_FALSE(IsBlankOrComment("x;"));
+}
+
+}  // namespace
+}  // namespace ventlock::test

@@ -1,0 +1,289 @@
+#include "platform/posix/PosixFiles.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "support/Raised.h"
+#include "support/TempFolder.h"
+#include "unit/platform/posix/Children.h"
+#include "unit/platform/posix/ProcessState.h"
+#include "unit/platform/posix/ScriptedCalls.h"
+
+namespace ventlock::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FilesTest : public testing::Test {
+ protected:
+    /// Number that each operation on `path` raises, in the interface's order: what can be replaced, read,
+    /// replace, copy to, copy from, append, lock.
+    std::vector<int> NumbersOf(const std::string& path) {
+        const std::string other = elsewhere_ / "other.ini";
+        WriteBytes(other, "other");
+        return {NumberRaisedBy([&] { files_.RequireReplaceable(path); }),
+                NumberRaisedBy([&] { files_.ReadAll(path); }),
+                NumberRaisedBy([&] { files_.Replace(path, "new"); }),
+                NumberRaisedBy([&] { files_.Copy(other, path); }),
+                NumberRaisedBy([&] { files_.Copy(path, elsewhere_ / "copy.ini"); }),
+                NumberRaisedBy([&] { files_.Append(path, "new"); }),
+                NumberRaisedBy([&] { files_.Lock(path); })};
+    }
+
+    TempFolder folder_;
+    TempFolder elsewhere_;
+    PosixFiles files_;
+};
+
+const std::vector<int> kAll52(7, 52);
+const std::vector<int> kAll75(7, 75);
+const std::vector<int> kAll76(7, 76);
+
+TEST_F(FilesTest, ExistenceIsTrueOnlyForAnExistingRegularFile) {
+    WriteBytes(folder_ / "a.ini", "");
+    fs::create_symlink("a.ini", folder_ / "link.ini");
+    fs::create_symlink("nothing", folder_ / "dangling.ini");
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_TRUE(files_.Exists(folder_ / "a.ini"));
+    EXPECT_TRUE(files_.Exists(folder_ / "link.ini"));
+    for (const std::string& path :
+         {std::string(), std::string("   "), folder_.Path(), folder_ / "", folder_ / "*.ini",
+          folder_ / "A.INI", folder_ / "missing", folder_ / "missing/a.ini", folder_ / "a.ini/b",
+          folder_ / "dangling.ini", folder_ / "pipe", std::string("C:\\a.ini"),
+          folder_ / std::string("a.ini\0x", 7), folder_ / std::string(300, 'x')}) {
+        EXPECT_FALSE(files_.Exists(path)) << path;
+    }
+}
+
+TEST_F(FilesTest, EveryByteIsReadAndWrittenAsItIs) {
+    std::string bytes = "\xEF\xBB\xBF\r\n\n\r";
+    for (int i = 0; i < 300000; ++i) bytes += static_cast<char>(i % 256);
+    files_.Replace(folder_ / "a.bin", bytes);
+    EXPECT_EQ(ReadBytes(folder_ / "a.bin"), bytes);
+    EXPECT_EQ(files_.ReadAll(folder_ / "a.bin"), bytes);
+    files_.Replace(folder_ / "a.bin", "");
+    EXPECT_EQ(files_.ReadAll(folder_ / "a.bin"), "");
+    EXPECT_EQ(folder_.Listing(), "a.bin");
+}
+
+TEST_F(FilesTest, AMissingFileIs53ForReadingAndIsMadeByWriting) {
+    EXPECT_EQ(NumbersOf(folder_ / "a.ini"), (std::vector<int>{0, 53, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini"), "othernew");
+}
+
+TEST_F(FilesTest, AMissingFolderIs76) {
+    EXPECT_EQ(NumbersOf(folder_ / "missing/a.ini"), kAll76);
+    EXPECT_EQ(NumbersOf(folder_ / "missing/deeper/a.ini"), kAll76);
+    EXPECT_EQ(NumbersOf(folder_ / "missing/"), kAll76);
+    EXPECT_EQ(folder_.Listing(), "");
+}
+
+TEST_F(FilesTest, AFileInPlaceOfTheFolderIs76) {
+    WriteBytes(folder_ / "a.ini", "old");
+    EXPECT_EQ(NumbersOf(folder_ / "a.ini/b.ini"), kAll76);
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini"), "old");
+}
+
+TEST_F(FilesTest, AFolderInPlaceOfTheFileIs75) {
+    fs::create_directory(folder_ / "sub");
+    EXPECT_EQ(NumbersOf(folder_ / "sub"), kAll75);
+    EXPECT_EQ(NumbersOf(folder_.Path()), kAll75);
+    EXPECT_EQ(folder_.Listing(), "sub");
+}
+
+TEST_F(FilesTest, AnEmptyOrBlankPathIs75AndMakesNoFile) {
+    const WorkingFolder here(folder_.Path());
+    EXPECT_EQ(NumbersOf(""), kAll75);
+    EXPECT_EQ(NumbersOf("   "), kAll75);
+    EXPECT_EQ(folder_.Listing(), "");
+}
+
+TEST_F(FilesTest, ADriveLetterPathIs76AndMakesNoFileInAnyFolder) {
+    const WorkingFolder here(folder_.Path());
+    WriteBytes(folder_ / "A:\\Present.ini", "old");
+    for (const std::string path :
+         {"A:\\Ddinstal.ini", "C:\\TAV\\DB\\pyxall.mdb", "z:\\", "A:\\Present.ini"}) {
+        EXPECT_EQ(NumbersOf(path), kAll76) << path;
+        EXPECT_FALSE(files_.Exists(path)) << path;
+    }
+    EXPECT_EQ(folder_.Listing(), "A:\\Present.ini");
+    EXPECT_EQ(ReadBytes(folder_ / "A:\\Present.ini"), "old");
+}
+
+TEST_F(FilesTest, ANameThatTheSystemCannotHoldIs52) {
+    EXPECT_EQ(NumbersOf(folder_ / std::string("a\0b", 3)), kAll52);
+    EXPECT_EQ(NumbersOf(folder_ / std::string(300, 'x')), kAll52);
+    EXPECT_EQ(folder_.Listing(), "");
+}
+
+TEST_F(FilesTest, APipeIs75AndHoldsNothingUp) {
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    std::vector<int> numbers = NumbersOf(folder_ / "pipe");
+    EXPECT_EQ(numbers[5], 68);  // nobody reads it
+    numbers[5] = 75;
+    EXPECT_EQ(numbers, kAll75);
+    EXPECT_EQ(folder_.Listing(), "pipe");
+}
+
+TEST_F(FilesTest, AReadOnlyFileIs75ForEveryWriterTheSuperuserIncluded) {
+    WriteBytes(folder_ / "a.ini", "old");
+    fs::permissions(folder_ / "a.ini", fs::perms(0444));
+    EXPECT_EQ(NumbersOf(folder_ / "a.ini"), (std::vector<int>{75, 0, 75, 75, 0, 75, 0}));
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini"), "old");
+    EXPECT_EQ(ModeOf(folder_ / "a.ini"), 0444);
+    EXPECT_EQ(folder_.Listing(), "a.ini");
+}
+
+TEST_F(FilesTest, AFolderThatTheUserMayNotWriteIs75) {
+    WriteBytes(folder_ / "a.ini", "old");
+    fs::permissions(folder_ / "a.ini", fs::perms(0666));
+    fs::permissions(folder_.Path(), fs::perms(0555));
+    for (const auto& work : std::vector<std::function<void(PosixFiles&)>>{
+             [&](PosixFiles& files) { files.RequireReplaceable(folder_ / "a.ini"); },
+             [&](PosixFiles& files) { files.RequireReplaceable(folder_ / "new.ini"); },
+             [&](PosixFiles& files) { files.Replace(folder_ / "a.ini", "new"); },
+             [&](PosixFiles& files) { files.Replace(folder_ / "new.ini", "new"); },
+             [&](PosixFiles& files) { files.Copy(folder_ / "a.ini", folder_ / "a.ini.bak"); },
+             [&](PosixFiles& files) { files.Append(folder_ / "new.ini", "new"); },
+             [&](PosixFiles& files) { files.Lock(folder_ / "a.ini"); }}) {
+        EXPECT_EQ(ExitCodeAsOrdinaryUser([&] {
+                      PosixFiles files;
+                      return NumberRaisedBy([&] { work(files); });
+                  }),
+                  75);
+    }
+    fs::permissions(folder_.Path(), fs::perms(0755));
+    EXPECT_EQ(folder_.Listing(), "a.ini");
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini"), "old");
+}
+
+TEST_F(FilesTest, AFileThatTheUserMayNotReadIs75) {
+    WriteBytes(folder_ / "a.ini", "old");
+    fs::permissions(folder_ / "a.ini", fs::perms(0000));
+    EXPECT_EQ(ExitCodeAsOrdinaryUser([&] {
+                  PosixFiles files;
+                  return NumberRaisedBy([&] { files.ReadAll(folder_ / "a.ini"); });
+              }),
+              75);
+}
+
+TEST_F(FilesTest, TheCircumstanceNamesThePathAndTheSystemsReason) {
+    EXPECT_EQ(TextRaisedBy([&] { files_.ReadAll("/nowhere/a.ini"); }),
+              "Path not found \"/nowhere/a.ini\": No such file or directory");
+    EXPECT_EQ(TextRaisedBy([&] { files_.ReadAll(folder_ / "a.ini"); }),
+              "File not found \"" + folder_ / "a.ini" + "\": No such file or directory");
+    EXPECT_EQ(TextRaisedBy([&] { files_.Replace(folder_.Path(), ""); }),
+              "Path/File access error \"" + folder_.Path() + "\": Is a directory");
+    EXPECT_EQ(DescriptionRaisedBy([&] { files_.ReadAll("/nowhere/a.ini"); }), "Path not found");
+}
+
+TEST_F(FilesTest, EveryReasonOfTheSystemHasItsNumber) {
+    WriteBytes(folder_ / "a.ini", "old");
+    const std::map<int, int> table{
+        {ENOENT, 53}, {ENOTDIR, 76}, {EACCES, 75},       {EPERM, 75},  {EROFS, 75},  {EISDIR, 75},
+        {ELOOP, 75},  {EBUSY, 70},   {ETXTBSY, 70},      {ENOSPC, 61}, {EDQUOT, 61}, {EFBIG, 61},
+        {EIO, 57},    {EMFILE, 67},  {ENFILE, 67},       {EILSEQ, 52}, {EINVAL, 52}, {ENXIO, 68},
+        {ENODEV, 68}, {ENOMEM, 7},   {ENAMETOOLONG, 52}, {EPROTO, 57},
+    };
+    for (const auto& [reason, number] : table) {
+        ScriptedCalls script;
+        script.FailFirst("open", reason);
+        PosixFiles files(std::chrono::seconds(1), ScriptedCalls::Calls());
+        EXPECT_EQ(NumberRaisedBy([&] { files.ReadAll(folder_ / "a.ini"); }), number) << reason;
+    }
+}
+
+TEST_F(FilesTest, AReadThatFailsIsReported) {
+    WriteBytes(folder_ / "a.ini", "old");
+    for (const char* const call : {"read", "fstat"}) {
+        ScriptedCalls script;
+        script.FailFirst(call, EIO);
+        PosixFiles files(std::chrono::seconds(1), ScriptedCalls::Calls());
+        EXPECT_EQ(NumberRaisedBy([&] { files.ReadAll(folder_ / "a.ini"); }), 57) << call;
+    }
+}
+
+TEST_F(FilesTest, AppendAddsToTheEndAndMakesTheFile) {
+    const FileModeMask mask(027);
+    files_.Append(folder_ / "a.log", "1\r\n");
+    files_.Append(folder_ / "a.log", "");
+    files_.Append(folder_ / "a.log", std::string("2\0\r\n", 4));
+    EXPECT_EQ(ReadBytes(folder_ / "a.log"), std::string("1\r\n2\0\r\n", 7));
+    EXPECT_EQ(ModeOf(folder_ / "a.log"), 0640);
+    EXPECT_EQ(folder_.Listing(), "a.log");
+}
+
+TEST_F(FilesTest, AppendFollowsLinks) {
+    fs::create_symlink("real.log", folder_ / "link.log");
+    files_.Append(folder_ / "link.log", "1");
+    EXPECT_EQ(ReadBytes(folder_ / "real.log"), "1");
+    EXPECT_TRUE(fs::is_symlink(folder_ / "link.log"));
+}
+
+TEST_F(FilesTest, AppendReportsWhatWasNotWritten) {
+    for (const char* const call : {"write", "close"}) {
+        ScriptedCalls script;
+        script.FailFirst(call, ENOSPC);
+        PosixFiles files(std::chrono::seconds(1), ScriptedCalls::Calls());
+        EXPECT_EQ(NumberRaisedBy([&] { files.Append(folder_ / "a.log", "text"); }), 61) << call;
+    }
+}
+
+TEST_F(FilesTest, AppendWritesOnHoweverLittleIsTakenAtOnce) {
+    ScriptedCalls script;
+    script.Stutter();
+    PosixFiles files(std::chrono::seconds(1), ScriptedCalls::Calls());
+    files.Append(folder_ / "a.log", "some text");
+    files.Append(folder_ / "a.log", ", more");
+    EXPECT_EQ(files.ReadAll(folder_ / "a.log"), "some text, more");
+}
+
+TEST_F(FilesTest, NoFileStaysOpen) {
+    WriteBytes(folder_ / "a.ini", "old");
+    const int before = OpenFileCount();
+    NumbersOf(folder_ / "a.ini");
+    NumbersOf(folder_ / "missing/a.ini");
+    NumbersOf(folder_.Path());
+    EXPECT_EQ(OpenFileCount(), before);
+}
+
+TEST_F(FilesTest, ACopyHasTheBytesAndIsWritableWhateverItsSourceWas) {
+    const FileModeMask mask(022);
+    WriteBytes(folder_ / "a.ini", "old\r\n");
+    fs::permissions(folder_ / "a.ini", fs::perms(0400));
+    files_.Copy(folder_ / "a.ini", folder_ / "a.ini.bak");
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini.bak"), "old\r\n");
+    EXPECT_EQ(ModeOf(folder_ / "a.ini.bak"), 0644);
+    WriteBytes(folder_ / "a.ini.bak", "longer than before");
+    files_.Copy(folder_ / "a.ini", folder_ / "a.ini.bak");
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini.bak"), "old\r\n");
+    EXPECT_EQ(folder_.Listing(), "a.ini a.ini.bak");
+}
+
+TEST_F(FilesTest, ACopyRefusesAReadOnlyTargetAndAFolder) {
+    WriteBytes(folder_ / "a.ini", "new");
+    WriteBytes(folder_ / "a.ini.bak", "old");
+    fs::permissions(folder_ / "a.ini.bak", fs::perms(0444));
+    EXPECT_EQ(NumberRaisedBy([&] { files_.Copy(folder_ / "a.ini", folder_ / "a.ini.bak"); }), 75);
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini.bak"), "old");
+    fs::create_directory(folder_ / "b.ini.bak");
+    EXPECT_EQ(NumberRaisedBy([&] { files_.Copy(folder_ / "a.ini", folder_ / "b.ini.bak"); }), 75);
+    EXPECT_EQ(folder_.Listing(), "a.ini a.ini.bak b.ini.bak");
+}
+
+TEST_F(FilesTest, ACopyOfAMissingFileIs53AndLeavesTheTarget) {
+    WriteBytes(folder_ / "b.ini", "old");
+    EXPECT_EQ(NumberRaisedBy([&] { files_.Copy(folder_ / "a.ini", folder_ / "b.ini"); }), 53);
+    EXPECT_EQ(ReadBytes(folder_ / "b.ini"), "old");
+}
+
+}  // namespace
+}  // namespace ventlock::test

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "support/DatabaseServer.h"
+#include "unit/odbc/OdbcTest.h"
+
+namespace ventlock::test {
+
+enum class Product { Postgresql, Mariadb };
+
+/// The running server; one of each is started for the whole program.
+DatabaseServer& ServerOf(Product product);
+
+/// A test that runs on every server.
+class OnServer : public ::testing::TestWithParam<Product> {
+ protected:
+    [[nodiscard]] bool IsPostgresql() const { return GetParam() == Product::Postgresql; }
+    [[nodiscard]] DatabaseServer& Server() const { return ServerOf(GetParam()); }
+};
+
+std::string NameOf(const ::testing::TestParamInfo<Product>& info);
+
+}  // namespace ventlock::test
