@@ -83,13 +83,17 @@ TEST_F(OverlayFilesTest, AnEditOfAProfileFileIsReadBackAndNotOnTheDisk) {
 TEST_F(OverlayFilesTest, RefusesWhatTheDiskWouldRefuse) {
     const std::string missing = folder_ / "missing/a.ini";
     std::filesystem::create_directory(folder_ / "folder");
-    for (const auto& [path, number] :
-         {std::pair(missing, 76), std::pair(folder_ / "folder", 75), std::pair(std::string(), 75)}) {
-        EXPECT_EQ(NumberRaisedBy([&] { files_.RequireReplaceable(path); }), number) << path;
-        EXPECT_EQ(NumberRaisedBy([&] { files_.Replace(path, "x"); }), number) << path;
-        EXPECT_EQ(NumberRaisedBy([&] { files_.Append(path, "x"); }), number) << path;
-        EXPECT_EQ(NumberRaisedBy([&] { files_.Copy(old_, path); }), number) << path;
-        EXPECT_EQ(NumberRaisedBy([&] { files_.Lock(path); }), number) << path;
+    struct Refused {
+        std::string path;
+        int number;
+    };
+    for (const Refused& row : {Refused{missing, 76}, Refused{folder_ / "folder", 75}, Refused{"", 75}}) {
+        const std::string& path = row.path;
+        EXPECT_EQ(NumberRaisedBy([&] { files_.RequireReplaceable(path); }), row.number) << path;
+        EXPECT_EQ(NumberRaisedBy([&] { files_.Replace(path, "x"); }), row.number) << path;
+        EXPECT_EQ(NumberRaisedBy([&] { files_.Append(path, "x"); }), row.number) << path;
+        EXPECT_EQ(NumberRaisedBy([&] { files_.Copy(old_, path); }), row.number) << path;
+        EXPECT_EQ(NumberRaisedBy([&] { files_.Lock(path); }), row.number) << path;
     }
     EXPECT_EQ(NumberRaisedBy([&] { files_.Copy(new_, folder_ / "copy.ini"); }), 53);
     EXPECT_EQ(files_.Written(), Written());

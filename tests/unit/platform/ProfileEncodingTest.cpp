@@ -11,7 +11,7 @@
 namespace ventlock::test {
 namespace {
 
-using std::string_literals::operator""s;
+using namespace std::string_literals;
 
 std::string AllHighBytes() {
     std::string bytes;

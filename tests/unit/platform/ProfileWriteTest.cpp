@@ -160,8 +160,8 @@ TEST(ProfileWrite, KeepsCommentsInEveryPosition) {
 }
 
 TEST(ProfileWrite, KeepsOddLinesAndNulsInUntouchedPlaces) {
-    const std::string before("\0\0x\r\nodd\r\n[A]\r\nx=1\r\no\0dd\r\n", 27);
-    const std::string after("\0\0x\r\nodd\r\n[A]\r\nx=9\r\no\0dd\r\n", 27);
+    const std::string before("\0\0x\r\nodd\r\n[A]\r\nx=1\r\no\0dd\r\n", 26);
+    const std::string after("\0\0x\r\nodd\r\n[A]\r\nx=9\r\no\0dd\r\n", 26);
     EXPECT_EQ(AfterWrite(before, "A", "x", "9"), after);
 }
 
@@ -213,7 +213,7 @@ TEST_P(ProfileRefusal, IsAPathFileAccessErrorWithTheTextAndChangesNothing) {
     }
 }
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 INSTANTIATE_TEST_SUITE_P(
     ProfileFile, ProfileRefusal,

@@ -54,7 +54,8 @@ TEST(Recordset, PrefersTheColumnOfTheSameSpelling) {
 TEST(Recordset, AnUnknownColumnIsNotFoundInTheCollection) {
     const Recordset rows = Protocols();
     EXPECT_EQ(NumberRaisedBy([&] { return rows.Column("MfrId"); }), 3265);
-    EXPECT_EQ(DescriptionRaisedBy([&] { return rows.Column("MfrId"); }), "Item not found in this collection. MfrId");
+    EXPECT_EQ(DescriptionRaisedBy([&] { return rows.Column("MfrId"); }),
+              "Item not found in this collection. MfrId");
 }
 
 TEST(Recordset, HasNoCurrentRecordAtItsEnd) {
