@@ -1,6 +1,7 @@
 #include "files/clsDDInstall.h"
 
 #include "base/Numbers.h"
+#include "base/Utf.h"
 #include "files/EntryNames.h"
 #include "platform/Casing.h"
 
@@ -22,8 +23,11 @@ std::string ManufacturerSection(std::int16_t manufacturer) {
     return "Mfg" + std::to_string(manufacturer);
 }
 
+/// Compares the first `width` characters of a stored text.
 bool SameStart(std::string_view stored, std::size_t width, std::string_view wanted) {
-    return EqualIgnoringCase(stored.substr(0, width), wanted);
+    std::size_t end = 0;
+    for (std::size_t i = 0; i < width && end < stored.size(); ++i) NextCharacter(stored, end);
+    return EqualIgnoringCase(stored.substr(0, end), wanted);
 }
 
 }  // namespace
@@ -38,7 +42,7 @@ bool clsDDInstall::WriteDDInstall(clsManufacturer& oManufacturer, clsDevice& oDe
         oManufacturer_ = &oManufacturer;
         oDevice_ = &oDevice;
         step = "01";
-        ProfileEdit edit(profiles_, IniPath);
+        ProfileEdit edit = BeginEdit(step);
         ProfileFile& file = edit.File();
         RequireWritableEntry(file);
         if (edit.Existed()) {
@@ -65,6 +69,16 @@ bool clsDDInstall::WriteDDInstall(clsManufacturer& oManufacturer, clsDevice& oDe
         edit.Save();
         return true;
     });
+}
+
+/// A missing folder is an error of storing the file: nothing can be there to be checked or copied first.
+ProfileEdit clsDDInstall::BeginEdit(StepLabel& step) const {
+    try {
+        return {profiles_, IniPath};
+    } catch (const RunTimeError& error) {
+        if (error.Number() == ErrorNumber::PathNotFound) step = "02";
+        throw;
+    }
 }
 
 /// Checked for the whole entry before anything is written: the section writers' own errors would not stop the

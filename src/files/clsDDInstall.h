@@ -52,6 +52,7 @@ class clsDDInstall {
  private:
     using KeyValues = std::vector<std::pair<std::string_view, std::string>>;
 
+    [[nodiscard]] ProfileEdit BeginEdit(StepLabel& step) const;
     void RequireWritableEntry(const ProfileFile& file) const;
     [[nodiscard]] KeyValues DeviceKeys() const;
     [[nodiscard]] std::string DeviceSection(std::int16_t device) const;

@@ -15,7 +15,8 @@ inline std::string EntryText(std::string_view tagAndStep, ErrorNumber number) {
            std::to_string(static_cast<int>(number)) + ")";
 }
 
-/// Matches the log entry of an error whose detail holds `detail`: "tag-step: description ...detail... (number)".
+/// Matches the log entry of an error whose detail holds `detail`: "tag-step: description ...detail...
+/// (number)".
 inline testing::Matcher<std::string> EntryWith(std::string_view tagAndStep, ErrorNumber number,
                                                const std::string& detail) {
     const std::string begin = std::string(tagAndStep) + ": " + std::string(DescriptionOf(number)) + " ";

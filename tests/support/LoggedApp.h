@@ -14,8 +14,8 @@
 
 namespace ventlock::test {
 
-/// The shared service objects as start-up begins them: "Log" alone, which writes to a file in a folder of its own
-/// and shows its entries in a fake message box.
+/// The shared service objects as start-up begins them: "Log" alone, which writes to a file in a folder of its
+/// own and shows its entries in a fake message box.
 class LoggedApp {
  public:
     LoggedApp() {
@@ -31,7 +31,8 @@ class LoggedApp {
     std::vector<std::string> Entries() {
         std::vector<std::string> entries;
         const std::string rule(78, '*');
-        std::string file = "\r\n" + rule + "\r\nVentlock  Ver 2.1.5  11-16-2026  14:03:27\r\n" + rule + "\r\n";
+        std::string file =
+            "\r\n" + rule + "\r\nVentlock  Ver 2.1.5  11-16-2026  14:03:27\r\n" + rule + "\r\n";
         for (const FakeMessageBox::Message& message : messageBox_.messages) {
             entries.push_back(message.text);
             file += std::to_string(entries.size()) + "-->\r\n     " + message.text + "\r\n";

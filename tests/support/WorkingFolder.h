@@ -12,7 +12,8 @@ class WorkingFolder {
         std::filesystem::current_path(path);
     }
     ~WorkingFolder() {
-        std::error_code gone;  // the folder of before may have been removed; there is nowhere to go back to then
+        std::error_code
+            gone;  // the folder of before may have been removed; there is nowhere to go back to then
         std::filesystem::current_path(before_, gone);
     }
     WorkingFolder(const WorkingFolder&) = delete;
