@@ -21,10 +21,15 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-[[noreturn]] void ThrowDatabaseError(ExitCode code, const std::string& what, const RunTimeError& error) {
+[[noreturn]] void ThrowDatabaseError(ExitCode code, const std::string& what, const RunTimeError& error,
+                                     const std::string& advice) {
     std::vector<std::string> details;
     for (const std::string& record : error.Diagnostics()) details.push_back("driver: " + record);
-    throw CliError(code, what + ": " + error.what(), details, StatementAdvice(error.Diagnostics()));
+    throw CliError(code, what + ": " + error.what(), details, advice);
+}
+
+[[noreturn]] void ThrowDatabaseError(ExitCode code, const std::string& what, const RunTimeError& error) {
+    ThrowDatabaseError(code, what, error, StatementAdvice(error.Diagnostics()));
 }
 
 std::string SqliteDriver() {
@@ -45,8 +50,8 @@ std::vector<std::string> SchemaStatements(Services& services, bool isOldSchema) 
     const std::string generation = paths.Join(folder, isOldSchema ? "old" : "current");
     std::vector<std::string> statements;
     for (const std::string& file :
-         {paths.Join(generation, "sqlite.sql"), paths.Join(generation, "version.sql"),
-          paths.Join(folder, "reference.sql")}) {
+         {paths.Join(paths.Join(folder, "common"), "sqlite.sql"), paths.Join(generation, "sqlite.sql"),
+          paths.Join(generation, "version.sql"), paths.Join(folder, "reference.sql")}) {
         try {
             const auto more = SplitStatements(services.Files().ReadAll(file));
             statements.insert(statements.end(), more.begin(), more.end());
@@ -66,10 +71,13 @@ void RequireNewDataSource(const std::string& name) {
     }
 }
 
-void RunScript(const std::string& connect, Services& services, const std::vector<std::string>& statements) {
+/// @param isOpen  set once the connection is made
+void RunScript(const std::string& connect, Services& services, const std::vector<std::string>& statements,
+               bool& isOpen) {
     const auto engine = CreateOdbcEngine(services.Events(), services.TimeLimits());
     const auto connection = engine->CreateWorkspace("", "", "", WorkspaceType::Odbc)
                                 ->OpenConnection("", std::nullopt, false, connect);
+    isOpen = true;
     // One commit for the whole script: a database that is half made is of no use to anybody.
     connection->Execute("BEGIN");
     for (const std::string& statement : statements) connection->Execute(statement);
@@ -119,6 +127,11 @@ std::string ListStatement(const std::string& kind, std::int16_t schemaVersion) {
 }  // namespace
 
 ExitCode CreateDatabase(Services& services, const CreateDatabaseOptions& options, Console& console) {
+    // The driver takes the path as a part of its connect string and would open another file.
+    if (options.file.find_first_of(";{}") != std::string::npos) {
+        throw CliError(ExitCode::WrongCall, options.file + ": a connect string cannot name this path", {},
+                       "Choose a path without \";\", \"{\" and \"}\".");
+    }
     try {
         services.Files().RequireReplaceable(options.file);
     } catch (const RunTimeError& error) {
@@ -129,15 +142,18 @@ ExitCode CreateDatabase(Services& services, const CreateDatabaseOptions& options
                        "Name a new file; nothing is overwritten.");
     }
     const std::vector<std::string> script = SchemaStatements(services, options.isOldSchema);
+    bool isOpen = false;
     try {
         const std::string driver = SqliteDriver();
         if (!options.dataSource.empty()) RequireNewDataSource(options.dataSource);
-        RunScript("ODBC;DRIVER={" + driver + "};Database=" + options.file, services, script);
+        RunScript("ODBC;DRIVER={" + driver + "};Database=" + options.file, services, script, isOpen);
         if (!options.dataSource.empty()) RegisterSqliteDataSource(options.dataSource, options.file);
     } catch (const RunTimeError& error) {
         std::error_code ignored;  // the error that is told is the one that made the file useless
         std::filesystem::remove(std::filesystem::u8path(options.file), ignored);
-        ThrowDatabaseError(ExitCode::TargetFailed, options.file + " was not made", error);
+        const std::string what = options.file + " was not made";
+        if (isOpen) ThrowDatabaseError(ExitCode::TargetFailed, what, error);
+        ThrowDatabaseError(ExitCode::Unreachable, what, error, ConnectAdvice(error.Diagnostics(), false));
     }
     console.document["file"] = options.file;
     console.document["dataSource"] = options.dataSource;

@@ -25,6 +25,7 @@ void CreateSchema(OdbcProbe& database, Dialect dialect, DeviceSchema schema) {
     if (schema == DeviceSchema::None) return;
     const std::string folder = VENTLOCK_SOURCE_FOLDER "/data/schema/";
     const std::string own = folder + (schema == DeviceSchema::Current ? "current/" : "old/");
+    database.RunScript(folder + "common/" + FileOf(dialect));
     database.RunScript(own + FileOf(dialect));
     database.RunScript(folder + "reference.sql");
     database.RunScript(own + "version.sql");

@@ -1,43 +1,4 @@
--- The current schema of the device database (version 1.1) for PostgreSQL.
--- Identifiers are not quoted anywhere: PostgreSQL folds them to small letters, in statements as well.
-
-CREATE TABLE __version (
-    Major       INTEGER,
-    Minor       INTEGER,
-    SchemaDate  VARCHAR(32),
-    schemaNotes VARCHAR(255)
-);
-
-CREATE TABLE DeviceProtocols (
-    ProtocolId  INTEGER NOT NULL,
-    Name        VARCHAR(64),
-    Description VARCHAR(255),
-    PRIMARY KEY (ProtocolId)
-);
-
-CREATE TABLE MajorDeviceCategories (
-    MajorDeviceCategoryId INTEGER NOT NULL,
-    Name                  VARCHAR(64),
-    Description           VARCHAR(255),
-    PRIMARY KEY (MajorDeviceCategoryId)
-);
-
-CREATE TABLE MinorDeviceCategories (
-    MinorDeviceCategoryId INTEGER NOT NULL,
-    Name                  VARCHAR(64),
-    Description           VARCHAR(255),
-    PRIMARY KEY (MinorDeviceCategoryId)
-);
-
-CREATE TABLE DeviceCategories (
-    DeviceCategoryId      INTEGER NOT NULL,
-    MajorDeviceCategoryId INTEGER NOT NULL,
-    MinorDeviceCategoryId INTEGER NOT NULL,
-    PRIMARY KEY (DeviceCategoryId),
-    UNIQUE (MajorDeviceCategoryId, MinorDeviceCategoryId),
-    FOREIGN KEY (MajorDeviceCategoryId) REFERENCES MajorDeviceCategories (MajorDeviceCategoryId),
-    FOREIGN KEY (MinorDeviceCategoryId) REFERENCES MinorDeviceCategories (MinorDeviceCategoryId)
-);
+-- The manufacturers and devices of the current schema (version 1.1), for PostgreSQL. Runs after common/postgresql.sql.
 
 CREATE TABLE Manufacturers (
     TavMfrNameId INTEGER NOT NULL,
