@@ -51,6 +51,10 @@ std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool is
     if (Mention(diagnostics, {"readonly", "read-only", "permission", "denied"})) {
         return "The database is read-only for this user. Get the right to write to it.";
     }
+    if (Mention(diagnostics, {"Invalid DSN"})) {
+        return "Choose another name for the data source: at most 32 characters, none of []{}(),;?*=!@\\.";
+    }
+    if (Mention(diagnostics, {"disk is full", "disk full"})) return "Make room on the database's disk.";
     if (Mention(diagnostics, {"unique", "duplicate", "[23505]"})) {
         if (isOldSchema) {
             return "A database of the old schema takes each manufacturer, type and revision once and changes "

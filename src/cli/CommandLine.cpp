@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <sstream>
 
 #include "cli/CheckCommand.h"
 #include "cli/CliError.h"
@@ -276,7 +277,11 @@ ExitCode RunCommandLine(const std::vector<std::string>& arguments, Host& host, s
     try {
         grammar.App().parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::Success& asked) {
-        grammar.App().exit(asked, out, err);
+        std::ostringstream text;
+        grammar.App().exit(asked, text, text);
+        if (!console.isJson) out << text.str();
+        console.document["text"] = text.str();
+        console.Finish(ExitCode::Done);
         return ExitCode::Done;
     } catch (const CLI::ParseError& error) {
         console.WriteError(CliError(ExitCode::WrongCall, WrongCallText(grammar.App(), arguments, error), {},

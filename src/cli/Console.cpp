@@ -3,7 +3,9 @@
 namespace ventlock {
 
 void Console::WriteLine(const std::string& line) {
-    if (!isJson) out_ << line << '\n';
+    if (isJson) return;
+    ClearProgress();
+    out_ << line << '\n';
 }
 
 void Console::WriteNews(const std::string& line) {

@@ -39,7 +39,8 @@ class Console {
     static std::string FindingLine(const std::string& path, const Finding& finding);
     static nlohmann::ordered_json FindingJson(const std::string& path, const Finding& finding);
 
-    /// How far long work has come, on a terminal only; the line is wiped by ClearProgress.
+    /// How far long work has come, on a terminal only; the next line of any kind wipes it, as ClearProgress
+    /// does.
     void ShowProgress(std::size_t done, std::size_t all);
     void ClearProgress();
 

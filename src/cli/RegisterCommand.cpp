@@ -39,7 +39,6 @@ class EntryWriter {
     /// True when the entry is in all targets that were asked for.
     bool Write(const PlannedEntry& entry) {
         Begin();
-        console_.ClearProgress();
         const std::string title =
             "[" + entry.source->name + "] " + entry.path + ":" + std::to_string(entry.source->line);
         if (options_.isDryRun) console_.WriteLine(title);

@@ -7,6 +7,7 @@
 #include "cli/Advice.h"
 #include "cli/CliError.h"
 #include "cli/EntryFiles.h"
+#include "core/OwnFiles.h"
 #include "platform/Casing.h"
 
 namespace ventlock {
@@ -64,6 +65,13 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
         }
         console.WriteNews(std::string(kDataSourceKey) + "=" + value);
         return ExitCode::Done;
+    }
+    for (const char* const own : {"DDVersion", "TAVVersionSupport"}) {
+        if (!EqualIgnoringCase(name, own)) continue;
+        throw CliError(
+            ExitCode::WrongCall,
+            std::string(own) + " is no setting of this user; it stands in the program's own INI file", {},
+            "Change it in " + OwnIniPath(services.Machine().Paths(), services.Machine().Files()) + ".");
     }
     RegistryStatus status = kRegistrySuccess;
     if (EqualIgnoringCase(name, "Language")) {

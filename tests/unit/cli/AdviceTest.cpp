@@ -1,0 +1,129 @@
+#include "cli/Advice.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+#include "support/RowName.h"
+
+namespace ventlock::test {
+namespace {
+
+/// A driver's words and a text that the advice for them must begin with.
+struct AdviceRow {
+    std::string name;
+    std::vector<std::string> diagnostics;
+    bool isOpenOrOld;  ///< the connection is made; the schema is old
+    std::string beginning;
+};
+
+void PrintTo(const AdviceRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class AdviceForConnecting : public testing::TestWithParam<AdviceRow> {};
+
+TEST_P(AdviceForConnecting, NamesTheRemedy) {
+    const std::string advice = ConnectAdvice(GetParam().diagnostics, GetParam().isOpenOrOld);
+    EXPECT_TRUE(advice.starts_with(GetParam().beginning)) << advice;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, AdviceForConnecting,
+    testing::Values(
+        AdviceRow{"UnknownDataSource",
+                  {"[IM002] [unixODBC][Driver Manager]Data source name not found and no default driver "
+                   "specified (0)"},
+                  false,
+                  "List the known ones with \"ventlock-cli database sources\""},
+        AdviceRow{"MissingLibrary",
+                  {"[01000] [unixODBC][Driver Manager]Can't open lib '/x.so' : file not found (0)"},
+                  false,
+                  "The data source's driver is not installed."},
+        AdviceRow{"DriverCannotBeLoaded",
+                  {"[IM003] Specified driver could not be loaded (0)"},
+                  false,
+                  "The data source's driver is not installed."},
+        AdviceRow{"OtherWordSize",
+                  {"[IM014] The specified DSN contains an architecture mismatch (0)"},
+                  false,
+                  "The driver is of another word size"},
+        AdviceRow{"Locked",
+                  {"[HY000] [SQLite]database is locked (5)"},
+                  true,
+                  "Another program holds the database."},
+        AdviceRow{"NoAnswer",
+                  {"[HYT01] The database did not answer within 1 s (0)"},
+                  false,
+                  "Another program holds the database."},
+        AdviceRow{"UnknownSchema", {}, true, "The database's schema is not one that this version knows."},
+        AdviceRow{"NoVersionTable",
+                  {"[HY000] [SQLite]no such table: __version (1)"},
+                  true,
+                  "The data source does not lead to a device database"},
+        AdviceRow{"RefusedLogin",
+                  {"[28000] Access denied for user 'sa' (1045)"},
+                  false,
+                  "Check that the database server runs"}),
+    RowName());
+
+class AdviceForStatements : public testing::TestWithParam<AdviceRow> {};
+
+TEST_P(AdviceForStatements, NamesTheRemedy) {
+    const std::string advice = StatementAdvice(GetParam().diagnostics, GetParam().isOpenOrOld);
+    EXPECT_TRUE(advice.starts_with(GetParam().beginning)) << advice;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, AdviceForStatements,
+    testing::Values(AdviceRow{"Locked",
+                              {"[HY000] [SQLite]database is locked (5)"},
+                              false,
+                              "Another program holds the database."},
+                    AdviceRow{"NoAnswer",
+                              {"[HYT00] The database did not answer within 1 s (0)"},
+                              false,
+                              "Another program holds the database."},
+                    AdviceRow{"ReadOnly",
+                              {"[HY000] [SQLite]attempt to write a readonly database (8)"},
+                              false,
+                              "The database is read-only for this user."},
+                    AdviceRow{"NoPermission",
+                              {"[42501] ERROR: permission denied for table manufacturers (1)"},
+                              false,
+                              "The database is read-only for this user."},
+                    AdviceRow{"WrongNameOfADataSource",
+                              {"[HY000] Invalid DSN (9)"},
+                              false,
+                              "Choose another name for the data source"},
+                    AdviceRow{
+                        "DiskFull", {"[HY000] [SQLite]database or disk is full (13)"}, false, "Make room"},
+                    AdviceRow{"NumberTaken",
+                              {"[HY000] [SQLite]UNIQUE constraint failed: Manufacturers.TavMfrNameId (19)"},
+                              false,
+                              "Another program took the number in between."},
+                    AdviceRow{"NumberTakenOnAServer",
+                              {"[23505] ERROR: doppelter Schl\u00FCsselwert (1)"},
+                              false,
+                              "Another program took the number in between."},
+                    AdviceRow{"RowIsThereInTheOldSchema",
+                              {"[HY000] [SQLite]UNIQUE constraint failed: MfrIds.DevMfrId (19)"},
+                              true,
+                              "A database of the old schema takes each manufacturer, type and revision once"},
+                    AdviceRow{"AnythingElse", {"[42000] syntax error (1)"}, false, "Check the entry"},
+                    AdviceRow{"NoWords", {}, false, "Check the entry"}),
+    RowName());
+
+TEST(AdviceForFiles, NamesTheRemedyForEachKindOfError) {
+    EXPECT_EQ(FileAdvice(ErrorNumber::PathNotFound), "Make the folder, or name another path.");
+    EXPECT_EQ(FileAdvice(ErrorNumber::FileNotFound), "Check the path.");
+    EXPECT_EQ(FileAdvice(ErrorNumber::DiskFull), "Make room on the disk.");
+    EXPECT_EQ(FileAdvice(ErrorNumber::PermissionDenied),
+              "Another program holds the file. End it and run the command again.");
+    EXPECT_EQ(FileAdvice(ErrorNumber::PathFileAccessError),
+              "Check that the path names a file, not a folder, and that you may read and write it.");
+    EXPECT_EQ(FileAdvice(ErrorNumber::DeviceIoError), "Check the path and the disk.");
+}
+
+}  // namespace
+}  // namespace ventlock::test

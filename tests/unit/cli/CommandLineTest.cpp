@@ -1,0 +1,111 @@
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "unit/cli/CommandLineHost.h"
+
+namespace ventlock::test {
+namespace {
+
+TEST(CommandLine, HelpDocumentsTheExitCodes) {
+    CommandLineHost host;
+    const Answer answer = Call(host, {"--help"});
+    EXPECT_EQ(answer.code, ExitCode::Done);
+    EXPECT_EQ(answer.err, "");
+    const std::string promise =
+        "Exit codes:\n"
+        "  0  everything asked for was done\n"
+        "  1  at least one target failed\n"
+        "  2  the call or the entry file is wrong\n"
+        "  3  a target cannot be reached\n";
+    EXPECT_NE(answer.out.find(promise), std::string::npos) << answer.out;
+    EXPECT_NE(Call(host, {"register", "--help"}).out.find(promise), std::string::npos);
+}
+
+TEST(CommandLine, ExitCodesAreTheDocumentedNumbers) {
+    EXPECT_EQ(static_cast<int>(ExitCode::Done), 0);
+    EXPECT_EQ(static_cast<int>(ExitCode::TargetFailed), 1);
+    EXPECT_EQ(static_cast<int>(ExitCode::WrongCall), 2);
+    EXPECT_EQ(static_cast<int>(ExitCode::Unreachable), 3);
+}
+
+TEST(CommandLine, HelpNamesEveryCommandAndOption) {
+    CommandLineHost host;
+    const std::string all = Call(host, {"--help"}).out;
+    for (const char* const word :
+         {"register", "check", "database", "settings", "--json", "--quiet", "--timeout", "--version"}) {
+        EXPECT_NE(all.find(word), std::string::npos) << word;
+    }
+    const std::string ofRegister = Call(host, {"register", "--help"}).out;
+    for (const char* const word : {"FILE", "--db", "--ini", "--ddinstall", "--all", "--dsn", "--ini-path",
+                                   "--ddinstall-path", "--dry-run"}) {
+        EXPECT_NE(ofRegister.find(word), std::string::npos) << word;
+    }
+    const std::string ofDatabase = Call(host, {"database", "--help"}).out;
+    for (const char* const word : {"create", "info", "list", "sources"}) {
+        EXPECT_NE(ofDatabase.find(word), std::string::npos) << word;
+    }
+    const std::string ofSettings = Call(host, {"settings", "--help"}).out;
+    for (const char* const word : {"list", "get", "set"}) {
+        EXPECT_NE(ofSettings.find(word), std::string::npos) << word;
+    }
+}
+
+TEST(CommandLine, VersionIsTheProgramsOwn) {
+    CommandLineHost host;
+    host.appInfo.major = 7;
+    host.appInfo.revision = 0;
+    const Answer answer = Call(host, {"--version"});
+    EXPECT_EQ(answer.code, ExitCode::Done);
+    EXPECT_EQ(answer.out, "ventlock-cli 7.1.0 (" + std::to_string(8 * sizeof(void*)) + " bit)\n");
+}
+
+TEST(CommandLine, OptionsOfAllCommandsMayStandAnywhere) {
+    CommandLineHost host;
+    const std::string expected = Call(host, {"settings", "get", "DevRev", "--json"}).out;
+    EXPECT_EQ(nlohmann::json::parse(expected)["value"], "01");
+    EXPECT_EQ(Call(host, {"--json", "settings", "get", "DevRev"}).out, expected);
+    EXPECT_EQ(Call(host, {"settings", "--json", "get", "DevRev"}).out, expected);
+}
+
+TEST(CommandLine, AnErrorOfTheCallItselfIsADocumentTooWhenOneIsAskedFor) {
+    CommandLineHost host;
+    const Answer answer = Call(host, {"settings", "get", "--json"});
+    EXPECT_EQ(answer.code, ExitCode::WrongCall);
+    EXPECT_EQ(answer.err, "");
+    EXPECT_EQ(nlohmann::json::parse(answer.out), nlohmann::json::parse(R"({"version": 1, "exitCode": 2,
+                                        "error": {"text": "NAME is required", "details": [],
+                                                  "advice": "See \"ventlock-cli --help\"."}})"));
+}
+
+TEST(CommandLine, StoresASettingInTheRegistry) {
+    CommandLineHost host;
+    EXPECT_EQ(Call(host, {"settings", "set", "manname", "Acme"}).out, "manname=Acme\n");
+    ASSERT_EQ(host.registry.sets.size(), 1U);
+    EXPECT_EQ(host.registry.sets[0],
+              (FakeRegistry::SetCall{
+                  "HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvard Systems\\TAVToolkit\\Ventlock\\Settings",
+                  "ManName",
+                  {1, "Acme"}}));
+}
+
+TEST(CommandLine, ARegistryThatRefusesIsToldWithItsStatus) {
+    CommandLineHost host;
+    host.registry.RefuseWrites(kRegistryAccessDenied);
+    const Answer answer = Call(host, {"settings", "set", "ManName", "Acme"});
+    EXPECT_EQ(answer.code, ExitCode::TargetFailed);
+    EXPECT_EQ(answer.err,
+              "ventlock-cli: ManName was not stored; the settings store answered 5\n"
+              "  Check that you may write the settings store.\n");
+}
+
+TEST(CommandLine, ADictionaryThatIsMissingIsLoggedAndTheWorkGoesOn) {
+    CommandLineHost host;
+    host.paths.programFolder = host.folder / "elsewhere";
+    const Answer answer = Call(host, {"settings", "get", "DevRev"});
+    EXPECT_EQ(answer.code, ExitCode::Done);
+    EXPECT_EQ(answer.out, "01\n");
+}
+
+}  // namespace
+}  // namespace ventlock::test
