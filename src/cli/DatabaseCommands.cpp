@@ -170,21 +170,24 @@ ExitCode ShowDatabase(Services& services, Console& console) {
     services.Connect(facade, schemaVersion);
     try {
         const ConnectionFacts facts = services.Connection()->Facts();
-        const auto show = [&](const std::string& label, const std::string& value) {
-            console.document[label] = value;
+        const auto show = [&](const std::string& label, std::string_view key, const std::string& value) {
+            console.document[key] = value;
             console.WriteLine(label + ": " + value);
         };
-        show("data source", services.Settings().DSN);
-        show("database", facts.database);
-        show("product", facts.product + " " + facts.productVersion);
-        show("driver", facts.driver + " " + facts.driverVersion);
-        show("driver manager", facts.driverManager);
-        show("schema code", std::to_string(schemaVersion));
-        show("schema", schemaVersion >= kCurrentSchema ? "current" : "old");
+        show("data source", "dataSource", services.Settings().DSN);
+        show("database", "database", facts.database);
+        show("product", "product", facts.product + " " + facts.productVersion);
+        show("driver", "driver", facts.driver + " " + facts.driverVersion);
+        show("driver manager", "driverManager", facts.driverManager);
+        console.document["schemaCode"] = schemaVersion;
+        console.WriteLine("schema code: " + std::to_string(schemaVersion));
+        show("schema", "schema", schemaVersion >= kCurrentSchema ? "current" : "old");
+        auto& counts = console.document["rows"] = Json::object();
         for (const CountedTable& counted : CountedTables(schemaVersion)) {
             const auto rows = services.Connection()->OpenRecordset(
                 statements::Fill(statements::kWholeTable, {counted.table}), RecordsetType::Snapshot);
-            show(std::string(counted.label), std::to_string(rows->RecordCount()));
+            counts[counted.table] = rows->RecordCount();
+            console.WriteLine(std::string(counted.label) + ": " + std::to_string(rows->RecordCount()));
         }
     } catch (const RunTimeError& error) {
         ThrowDatabaseError(ExitCode::TargetFailed, services.DataSourceText(), error);

@@ -1,6 +1,7 @@
 #include "db/DryRunConnection.h"
 
 #include <optional>
+#include <utility>
 
 #include "base/Text.h"
 #include "platform/Casing.h"
@@ -17,23 +18,45 @@ std::string_view WordAt(std::string_view text, std::size_t at) {
     return text.substr(at, text.find_first_of(kNameEnds, at) - at);
 }
 
-/// The list between the parentheses that open at or after `at`, which is moved behind them; quotes around
-/// values dropped. Nothing when the text is no such list.
+/// The value at or after `at`, which is moved to the "," or ")" that ends it. A text in quotes is taken as it
+/// stands, with a doubled apostrophe as one. Nothing when the text there is no value.
+std::optional<std::string> ValueAt(std::string_view text, std::size_t& at) {
+    at = text.find_first_not_of(' ', at);
+    if (at == std::string_view::npos) return std::nullopt;
+    if (text[at] != '\'') {
+        const std::size_t begin = at;
+        at = text.find_first_of(",)", at);
+        if (at == std::string_view::npos) return std::nullopt;
+        return std::string(Trim(text.substr(begin, at - begin)));
+    }
+    std::string value;
+    for (bool isOpen = true; isOpen;) {
+        const std::size_t begin = at + 1;
+        at = text.find('\'', begin);
+        if (at == std::string_view::npos) return std::nullopt;
+        value += text.substr(begin, at - begin);
+        ++at;
+        isOpen = at < text.size() && text[at] == '\'';
+        if (isOpen) value += '\'';
+    }
+    at = text.find_first_not_of(' ', at);
+    if (at == std::string_view::npos || (text[at] != ',' && text[at] != ')')) return std::nullopt;
+    return value;
+}
+
+/// The list between the parentheses that open at or after `at`, which is moved to the closing one. Nothing
+/// when the text is no such list.
 std::optional<std::vector<std::string>> ListAt(std::string_view text, std::size_t& at) {
     at = text.find('(', at);
     if (at == std::string_view::npos) return std::nullopt;
     std::vector<std::string> items;
-    while (at < text.size() && text[at] != ')') {
-        at = text.find_first_not_of(' ', at + 1);
-        if (at == std::string_view::npos) return std::nullopt;
-        const bool quoted = text[at] == '\'';
-        const std::size_t end = quoted ? text.find('\'', at + 1) : text.find_first_of(",)", at);
-        if (end == std::string_view::npos) return std::nullopt;
-        const std::size_t begin = quoted ? at + 1 : at;
-        items.emplace_back(Trim(text.substr(begin, end - begin)));
-        at = text.find_first_of(",)", quoted ? end + 1 : end);
-    }
-    return at < text.size() ? std::optional(items) : std::nullopt;
+    do {
+        ++at;
+        std::optional<std::string> item = ValueAt(text, at);
+        if (!item) return std::nullopt;
+        items.push_back(std::move(*item));
+    } while (text[at] == ',');
+    return items;
 }
 
 /// The column that a result column stands for: the word before " AS <column>", else itself.

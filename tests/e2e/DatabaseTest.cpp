@@ -124,7 +124,8 @@ TEST(DatabaseInfo, TellsSchemaRowsAndConnection) {
     EXPECT_NE(result.out.find("\ndriver manager: "), std::string::npos);
     const auto document = DocumentOf(world.Run({"database", "info", "--json"}).out);
     EXPECT_EQ(document["schema"], "current");
-    EXPECT_EQ(document["device revisions"], "1");
+    EXPECT_EQ(document["schemaCode"], 5);
+    EXPECT_EQ(document["rows"]["DeviceRevisions"], 1);
 }
 
 TEST(DatabaseInfo, OfTheOldSchemaCountsItsOwnTables) {
