@@ -128,12 +128,12 @@ TEST(EntryFile, ThatIsMissingIsRefusedWithCode2) {
     world.MakeDatabase();
     ExpectRefused(
         world, kRegisterEntry, 2,
-        "ventlock-cli: entry file entry.ini: File not found \"<world>/work/entry.ini\": No such file or "
+        "ventlock-cli: entry file entry.ini: File not found \"<world>/entry/entry.ini\": No such file or "
         "directory\n"
         "  Check the path.\n");
     ExpectRefusedAsDocument(
         world, kRegisterEntry, 2,
-        "entry file entry.ini: File not found \"<world>/work/entry.ini\": No such file or directory");
+        "entry file entry.ini: File not found \"<world>/entry/entry.ini\": No such file or directory");
 }
 
 TEST(EntryFile, ThatIsAFolderIsRefusedWithCode2) {
@@ -141,7 +141,7 @@ TEST(EntryFile, ThatIsAFolderIsRefusedWithCode2) {
     std::filesystem::create_directory(world.Path("entry.ini"));
     ExpectRefused(
         world, kRegisterEntry, 2,
-        "ventlock-cli: entry file entry.ini: Path/File access error \"<world>/work/entry.ini\": Is a "
+        "ventlock-cli: entry file entry.ini: Path/File access error \"<world>/entry/entry.ini\": Is a "
         "directory\n"
         "  Check that the path names a file, not a folder, and that you may read and write it.\n");
 }
@@ -156,7 +156,7 @@ TEST(EntryFile, ThatMayNotBeReadIsRefusedWithCode2) {
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(
         result.err,
-        "ventlock-cli: entry file entry.ini: Path/File access error \"<world>/work/entry.ini\": Permission "
+        "ventlock-cli: entry file entry.ini: Path/File access error \"<world>/entry/entry.ini\": Permission "
         "denied\n"
         "  Check that the path names a file, not a folder, and that you may read and write it.\n");
     EXPECT_EQ(world.Listing(), "device.db entry.ini");

@@ -168,12 +168,12 @@ TEST_F(BadTarget, AReadOnlyPyxIniIsRefusedWithCode1) {
     fs::permissions(world_.Path("Pyx.ini"), fs::perms::owner_read);
     ExpectRefused(
         world_, kRegisterEntry, 1,
-        "ventlock-cli: <world>/work/Pyx.ini: Path/File access error \"<world>/work/Pyx.ini\": Permission "
+        "ventlock-cli: <world>/entry/Pyx.ini: Path/File access error \"<world>/entry/Pyx.ini\": Permission "
         "denied\n"
         "  Check that the path names a file, not a folder, and that you may read and write it.\n");
     ExpectRefusedAsDocument(
         world_, kRegisterEntry, 1,
-        "<world>/work/Pyx.ini: Path/File access error \"<world>/work/Pyx.ini\": Permission denied");
+        "<world>/entry/Pyx.ini: Path/File access error \"<world>/entry/Pyx.ini\": Permission denied");
     ExpectRowsUnchanged();
 }
 
@@ -182,7 +182,7 @@ TEST_F(BadTarget, AReadOnlyDdinstalIniIsRefusedWithCode1) {
     fs::permissions(world_.Path("Ddinstal.ini"), fs::perms::owner_read);
     ExpectRefused(
         world_, kRegisterEntry, 1,
-        "ventlock-cli: <world>/work/Ddinstal.ini: Path/File access error \"<world>/work/Ddinstal.ini\": "
+        "ventlock-cli: <world>/entry/Ddinstal.ini: Path/File access error \"<world>/entry/Ddinstal.ini\": "
         "Permission denied\n"
         "  Check that the path names a file, not a folder, and that you may read and write it.\n");
     ExpectRowsUnchanged();
@@ -190,10 +190,11 @@ TEST_F(BadTarget, AReadOnlyDdinstalIniIsRefusedWithCode1) {
 
 TEST_F(BadTarget, APyxIniThatIsAFolderIsRefusedWithCode1) {
     fs::create_directory(world_.Path("Pyx.ini"));
-    ExpectRefused(world_, kRegisterEntry, 1,
-                  "ventlock-cli: <world>/work/Pyx.ini: Path/File access error \"<world>/work/Pyx.ini\": Is a "
-                  "directory\n"
-                  "  Check that the path names a file, not a folder, and that you may read and write it.\n");
+    ExpectRefused(
+        world_, kRegisterEntry, 1,
+        "ventlock-cli: <world>/entry/Pyx.ini: Path/File access error \"<world>/entry/Pyx.ini\": Is a "
+        "directory\n"
+        "  Check that the path names a file, not a folder, and that you may read and write it.\n");
     ExpectRowsUnchanged();
 }
 
@@ -202,12 +203,12 @@ TEST_F(BadTarget, APyxIniInAMissingFolderIsRefusedWithCode3) {
                                            "no/Pyx.ini", "--ddinstall-path", "Ddinstal.ini"};
     ExpectRefused(
         world_, call, 3,
-        "ventlock-cli: <world>/work/no/Pyx.ini: Path not found \"<world>/work/no/Pyx.ini\": No such file "
+        "ventlock-cli: <world>/entry/no/Pyx.ini: Path not found \"<world>/entry/no/Pyx.ini\": No such file "
         "or directory\n"
         "  Make the folder, or name another path.\n");
     ExpectRefusedAsDocument(
         world_, call, 3,
-        "<world>/work/no/Pyx.ini: Path not found \"<world>/work/no/Pyx.ini\": No such file or directory");
+        "<world>/entry/no/Pyx.ini: Path not found \"<world>/entry/no/Pyx.ini\": No such file or directory");
     ExpectRowsUnchanged();
 }
 

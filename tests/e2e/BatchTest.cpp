@@ -32,8 +32,8 @@ TEST(Batch, EntriesOfSeveralFilesAreWrittenInTheOrderOfTheCall) {
         world.Run({"register", "two.ini", "one.ini", "--ini", "--ini-path", "Pyx.ini"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out,
-              "[A] two.ini:1: <world>/work/Pyx.ini: written\n"
-              "[A] one.ini:1: <world>/work/Pyx.ini: written\n");
+              "[A] two.ini:1: <world>/entry/Pyx.ini: written\n"
+              "[A] one.ini:1: <world>/entry/Pyx.ini: written\n");
     EXPECT_EQ(world.Read("Pyx.ini"), CrLf("[Devices]\n"
                                           "000027.0008.01=000027/0008\n"
                                           "000026.0007.01=000026/0007\n"
@@ -65,8 +65,8 @@ TEST(Batch, AFailingEntryLeavesTheOthersWrittenAndTheRunEndsWithCode1) {
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.out,
               "[B] entry.ini:8: data source \"PYX\": written\n"
-              "[B] entry.ini:8: <world>/work/Pyx.ini: written\n"
-              "[B] entry.ini:8: <world>/work/Ddinstal.ini: written\n");
+              "[B] entry.ini:8: <world>/entry/Pyx.ini: written\n"
+              "[B] entry.ini:8: <world>/entry/Ddinstal.ini: written\n");
     EXPECT_EQ(result.err,
               "ventlock-cli: [A] entry.ini:1: data source \"PYX\": the entry was not written\n"
               "  MANins-02.1a: ODBC--call failed. [HY000] [SQLite]not this one (19) (19) (3146)\n"
@@ -170,9 +170,9 @@ TEST(Batch, HowFarItHasComeIsShownOnATerminalOnly) {
                 "[C]\nManID=1\nDevID=3\nDevName=F\nDLLName=d\n");
     const std::vector<std::string> arguments = {"register", "entry.ini", "--ini", "--ini-path", "Pyx.ini"};
     const std::string lines =
-        "[A] entry.ini:1: <world>/work/Pyx.ini: written\n"
-        "[B] entry.ini:6: <world>/work/Pyx.ini: written\n"
-        "[C] entry.ini:11: <world>/work/Pyx.ini: written\n";
+        "[A] entry.ini:1: <world>/entry/Pyx.ini: written\n"
+        "[B] entry.ini:6: <world>/entry/Pyx.ini: written\n"
+        "[C] entry.ini:11: <world>/entry/Pyx.ini: written\n";
     ProgramCall call = world.Call(arguments);
     call.errorsGoToTerminal = true;
     const ProgramResult onTerminal = world.Finished(call);

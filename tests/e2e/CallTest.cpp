@@ -166,7 +166,7 @@ TEST(Check, OfAMissingFileEndsWithCode2) {
     const World world;
     ExpectRefusedAsDocument(
         world, {"check", "entry.ini"}, 2,
-        "entry file entry.ini: File not found \"<world>/work/entry.ini\": No such file or directory");
+        "entry file entry.ini: File not found \"<world>/entry/entry.ini\": No such file or directory");
 }
 
 }  // namespace

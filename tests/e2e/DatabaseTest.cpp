@@ -10,7 +10,7 @@ TEST(DatabaseCreate, MakesAFileAndADataSourceThatChecksForeignKeys) {
     const ProgramResult result = world.Run({"database", "create", "--file", "device.db", "--dsn", "PLANT"});
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out,
-              "<world>/work/device.db: made with the current schema\n"
+              "<world>/entry/device.db: made with the current schema\n"
               "data source \"PLANT\" leads to it\n");
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(
@@ -30,7 +30,7 @@ TEST(DatabaseCreate, MakesTheOldSchemaToo) {
     const World world;
     const ProgramResult result = world.Run({"database", "create", "--file", "device.db", "--schema", "old"});
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.out, "<world>/work/device.db: made with the old schema\n");
+    EXPECT_EQ(result.out, "<world>/entry/device.db: made with the old schema\n");
     EXPECT_EQ(world.Rows("SELECT Major, Minor FROM __version"), "1|0\n");
     EXPECT_EQ(
         world.Rows("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"),
@@ -43,10 +43,10 @@ TEST(DatabaseCreate, OverwritesNothing) {
     const World world;
     world.Write("device.db", "precious");
     ExpectRefused(world, {"database", "create", "--file", "device.db"}, 2,
-                  "ventlock-cli: <world>/work/device.db exists\n"
+                  "ventlock-cli: <world>/entry/device.db exists\n"
                   "  Name a new file; nothing is overwritten.\n");
     ExpectRefusedAsDocument(world, {"database", "create", "--file", "device.db"}, 2,
-                            "<world>/work/device.db exists");
+                            "<world>/entry/device.db exists");
 }
 
 TEST(DatabaseCreate, LeavesADataSourceOfThatNameAlone) {
@@ -60,7 +60,7 @@ TEST(DatabaseCreate, LeavesADataSourceOfThatNameAlone) {
 TEST(DatabaseCreate, OfAPathThatAConnectStringCannotNameIsRefusedWithCode2) {
     const World world;
     ExpectRefused(world, {"database", "create", "--file", "a;b.db"}, 2,
-                  "ventlock-cli: <world>/work/a;b.db: a connect string cannot name this path\n"
+                  "ventlock-cli: <world>/entry/a;b.db: a connect string cannot name this path\n"
                   "  Choose a path without \";\", \"{\" and \"}\".\n");
 }
 
@@ -68,7 +68,7 @@ TEST(DatabaseCreate, WithAWrongNameOfTheDataSourceLeavesNoFileBehind) {
     const World world;
     ExpectRefused(
         world, {"database", "create", "--file", "device.db", "--dsn", "a=b"}, 1,
-        "ventlock-cli: <world>/work/device.db was not made: ODBC--call failed. [HY000] Invalid DSN (9)\n"
+        "ventlock-cli: <world>/entry/device.db was not made: ODBC--call failed. [HY000] Invalid DSN (9)\n"
         "  driver: [HY000] Invalid DSN (9)\n"
         "  Choose another name for the data source: at most 32 characters, none of []{}(),;?*=!@\\.\n");
 }
@@ -77,7 +77,7 @@ TEST(DatabaseCreate, InAMissingFolderIsRefusedWithCode3) {
     const World world;
     ExpectRefused(
         world, {"database", "create", "--file", "no/device.db"}, 3,
-        "ventlock-cli: <world>/work/no/device.db: Path not found \"<world>/work/no/device.db\": No such "
+        "ventlock-cli: <world>/entry/no/device.db: Path not found \"<world>/entry/no/device.db\": No such "
         "file or directory\n"
         "  Make the folder, or name another path.\n");
 }
@@ -95,7 +95,7 @@ TEST(DatabaseCreate, WithADriverThatCannotBeLoadedIsRefusedWithCode3AndLeavesNoF
     WriteBytes(world.DriverFile(), "[SQLite3]\nDriver=/nowhere/libgone.so\n");
     ExpectRefused(
         world, {"database", "create", "--file", "device.db", "--dsn", "PYX"}, 3,
-        "ventlock-cli: <world>/work/device.db was not made: ODBC--call failed. [01000] [unixODBC][Driver "
+        "ventlock-cli: <world>/entry/device.db was not made: ODBC--call failed. [01000] [unixODBC][Driver "
         "Manager]Can't open lib '/nowhere/libgone.so' : file not found (0)\n"
         "  driver: [01000] [unixODBC][Driver Manager]Can't open lib '/nowhere/libgone.so' : file not "
         "found (0)\n"
@@ -111,7 +111,7 @@ TEST(DatabaseInfo, TellsSchemaRowsAndConnection) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out.substr(0, result.out.find("product: ")),
               "data source: PYX\n"
-              "database: <world>/work/device.db\n");
+              "database: <world>/entry/device.db\n");
     EXPECT_EQ(result.out.substr(result.out.find("schema code: ")),
               "schema code: 5\n"
               "schema: current\n"

@@ -52,7 +52,7 @@ TEST(DryRun, PrintsStatementsAndDiffsOfNewFilesAndWritesNothing) {
         "Name, Description) VALUES (1, 1, '1', 0, 'R1', 'First') \n"
         "[Flow] entry.ini:1: data source \"PYX\": would be written\n"
         "--- /dev/null\n"
-        "+++ <world>/work/Pyx.ini\n"
+        "+++ <world>/entry/Pyx.ini\n"
         "@@ -0,0 +1,9 @@\n"
         "+[Devices]\n"
         "+000026.0007.01=000026/0007\n"
@@ -63,9 +63,9 @@ TEST(DryRun, PrintsStatementsAndDiffsOfNewFilesAndWritesNothing) {
         "+DeviceDLL=000026\\0007\\Dev.dll\n"
         "+Description=Flow\n"
         "+HART Protocol Rev=5\n"
-        "[Flow] entry.ini:1: <world>/work/Pyx.ini: would be written\n"
+        "[Flow] entry.ini:1: <world>/entry/Pyx.ini: would be written\n"
         "--- /dev/null\n"
-        "+++ <world>/work/Ddinstal.ini\n"
+        "+++ <world>/entry/Ddinstal.ini\n"
         "@@ -0,0 +1,28 @@\n"
         "+[Version]\n"
         "+DD Version=2\n"
@@ -95,7 +95,7 @@ TEST(DryRun, PrintsStatementsAndDiffsOfNewFilesAndWritesNothing) {
         "+Template=1,t.mrg\n"
         "+HART Protocol Rev=5\n"
         "+TAVVersionSupport=5.0, 6.0\n"
-        "[Flow] entry.ini:1: <world>/work/Ddinstal.ini: would be written\n");
+        "[Flow] entry.ini:1: <world>/entry/Ddinstal.ini: would be written\n");
     EXPECT_EQ(world.Snapshot(), before);
     EXPECT_EQ(world.AllRows(), rows);
 }
@@ -111,8 +111,8 @@ TEST(DryRun, ShowsAChangeOfAnExistingFileAsAUnifiedDiff) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out,
               "[Flow] entry.ini:1\n"
-              "--- <world>/work/Pyx.ini\n"
-              "+++ <world>/work/Pyx.ini\n"
+              "--- <world>/entry/Pyx.ini\n"
+              "+++ <world>/entry/Pyx.ini\n"
               "@@ -3,6 +3,14 @@\n"
               " \n"
               " [Devices]\n"
@@ -128,7 +128,7 @@ TEST(DryRun, ShowsAChangeOfAnExistingFileAsAUnifiedDiff) {
               "+DeviceDLL=000026\\0007\\Dev.dll\n"
               "+Description=Flow\n"
               "+HART Protocol Rev=5\n"
-              "[Flow] entry.ini:1: <world>/work/Pyx.ini: would be written\n");
+              "[Flow] entry.ini:1: <world>/entry/Pyx.ini: would be written\n");
     EXPECT_EQ(world.Listing(), "Pyx.ini entry.ini");
 }
 
@@ -209,7 +209,7 @@ TEST(DryRun, OfARunThatChangesNothingShowsNoDiff) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out,
               "[Flow] entry.ini:1\n"
-              "[Flow] entry.ini:1: <world>/work/Pyx.ini: would be written\n");
+              "[Flow] entry.ini:1: <world>/entry/Pyx.ini: would be written\n");
 }
 
 TEST(DryRun, RefusesWhatTheRealRunRefuses) {

@@ -31,8 +31,8 @@ TEST(Register, AnEntryGoesIntoAnEmptyDatabaseAndIntoNewFiles) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out,
               "[Flow] flow.ini:1: data source \"PYX\": written\n"
-              "[Flow] flow.ini:1: <world>/work/Pyx.ini: written\n"
-              "[Flow] flow.ini:1: <world>/work/Ddinstal.ini: written\n");
+              "[Flow] flow.ini:1: <world>/entry/Pyx.ini: written\n"
+              "[Flow] flow.ini:1: <world>/entry/Ddinstal.ini: written\n");
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(world.Rows("SELECT * FROM Manufacturers"), "1|Acme|Acme Inc\n");
     EXPECT_EQ(world.Rows("SELECT * FROM MfrProtocols"), "1|1|0|38\n");
@@ -278,8 +278,8 @@ TEST(Register, TargetsComeFromTheSettingsWhenTheCallNamesNone) {
     EXPECT_EQ(result.exitCode, 0) << result.err;
     EXPECT_EQ(result.out,
               "[Flow] flow.ini:1: data source \"PLANT\": written\n"
-              "[Flow] flow.ini:1: <world>/work/Mine.ini: written\n"
-              "[Flow] flow.ini:1: <world>/work/Dd.ini: written\n");
+              "[Flow] flow.ini:1: <world>/entry/Mine.ini: written\n"
+              "[Flow] flow.ini:1: <world>/entry/Dd.ini: written\n");
     EXPECT_EQ(world.Read("Mine.ini"),
               "[TAV Server 1]\r\nDataSourceName=PLANT\r\n\r\n" + std::string(kFlowPyxIni));
     EXPECT_EQ(world.Read("Dd.ini"), kFlowDdinstal);

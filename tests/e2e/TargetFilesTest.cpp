@@ -53,9 +53,9 @@ TEST(PyxIni, OfTooManyLinesGetsItsKeysAndIsLeftUntidied) {
     const ProgramResult result = world.Run(kRegisterIni);
 
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.out, "[Flow] entry.ini:1: <world>/work/Pyx.ini: written\n");
+    EXPECT_EQ(result.out, "[Flow] entry.ini:1: <world>/entry/Pyx.ini: written\n");
     EXPECT_EQ(result.err,
-              "ventlock-cli: [Flow] entry.ini:1: <world>/work/Pyx.ini: INIwb-03.1: Overflow (6)\n");
+              "ventlock-cli: [Flow] entry.ini:1: <world>/entry/Pyx.ini: INIwb-03.1: Overflow (6)\n");
     const std::string written =
         old + CrLf("[Devices]\n000026.0007.01=000026/0007\n" + std::string(kFlowSection));
     EXPECT_TRUE(world.Read("Pyx.ini") == written);
@@ -151,7 +151,7 @@ TEST(PyxIni, WhoseBackupCannotBeMadeGetsItsKeysAndSaysSo) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(
         result.err,
-        "ventlock-cli: [Flow] entry.ini:1: <world>/work/Pyx.ini: INIwb-01: Path/File access error (75)\n");
+        "ventlock-cli: [Flow] entry.ini:1: <world>/entry/Pyx.ini: INIwb-01: Path/File access error (75)\n");
     EXPECT_EQ(world.Read("Pyx.ini"),
               CrLf("[Devices]\n000026.0007.01=000026/0007\n" + std::string(kFlowSection)));
 }
@@ -162,7 +162,7 @@ TEST(DdinstalIni, WhoseBackupCannotBeMadeIsLeftAloneWithCode1) {
     world.Write("Ddinstal.ini", "[General]\r\nNumOfMfg=0\r\n");
     fs::create_directory(world.Path("Ddinstal.ini.bak"));
     ExpectRefused(world, {"register", "entry.ini", "--ddinstall", "--ddinstall-path", "Ddinstal.ini"}, 1,
-                  "ventlock-cli: [Flow] entry.ini:1: <world>/work/Ddinstal.ini: the entry was not written\n"
+                  "ventlock-cli: [Flow] entry.ini:1: <world>/entry/Ddinstal.ini: the entry was not written\n"
                   "  DDwddi-01: Path/File access error (75)\n"
                   "  Check that the path names a file, not a folder, and that you may read and write it.\n");
 }

@@ -104,7 +104,7 @@ std::string WithoutFolder(std::string text, const std::string& folder) {
 
 World::World() {
     for (const char* const name :
-         {"work", "home", "config", "config/ventlock", "state", "odbc", "odbc/system"}) {
+         {"entry", "home", "config", "config/ventlock", "state", "odbc", "odbc/system"}) {
         fs::create_directory(folder_ / name);
     }
     WriteBytes(UserDataSources(), "");

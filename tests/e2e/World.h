@@ -31,7 +31,7 @@ class World {
 
     /// The folder that the program works in; target and entry files stand there.
     [[nodiscard]] std::string Path(std::string_view name) const {
-        return folder_ / ("work/" + std::string(name));
+        return folder_ / ("entry/" + std::string(name));
     }
     void Write(std::string_view name, std::string_view bytes) const { WriteBytes(Path(name), bytes); }
     [[nodiscard]] std::string Read(std::string_view name) const { return ReadBytes(Path(name)); }

@@ -15,8 +15,8 @@ namespace fs = std::filesystem;
 TempFolder::TempFolder() {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const fs::path candidate =
-            fs::temp_directory_path() / ("ventlock-test-" + std::to_string(random()) + std::to_string(random()));
+        const fs::path candidate = fs::temp_directory_path() /
+                                   ("ventlock-test-" + std::to_string(random()) + std::to_string(random()));
         if (fs::create_directory(candidate)) {
             path_ = fs::canonical(candidate).string();
             return;
@@ -26,7 +26,8 @@ TempFolder::TempFolder() {
 }
 
 TempFolder::~TempFolder() {
-    std::error_code ignored;  // a test may have made the folder read-only; what is left is the system's to clean
+    std::error_code
+        ignored;  // a test may have made the folder read-only; what is left is the system's to clean
     fs::remove_all(path_, ignored);
 }
 

@@ -16,7 +16,9 @@ class TempFolder {
     [[nodiscard]] const std::string& Path() const noexcept { return path_; }
 
     /// The path of `name` in the folder.
-    [[nodiscard]] std::string operator/(std::string_view name) const { return path_ + "/" + std::string(name); }
+    [[nodiscard]] std::string operator/(std::string_view name) const {
+        return path_ + "/" + std::string(name);
+    }
 
     /// Names of what the folder holds now, sorted.
     [[nodiscard]] std::string Listing() const;
