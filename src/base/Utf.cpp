@@ -99,6 +99,26 @@ std::string FromUtf16(std::u16string_view utf16) {
     return result;
 }
 
+std::optional<std::string> FromUtf16Bytes(std::string_view bytes) {
+    if (bytes.size() % 2 != 0) return std::nullopt;
+    std::u16string units;
+    units.reserve(bytes.size() / 2);
+    for (std::size_t i = 0; i < bytes.size(); i += 2) {
+        units += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
+                                       (static_cast<unsigned char>(bytes[i + 1]) << 8U));
+    }
+    return FromUtf16(units);
+}
+
+std::string ToUtf16Bytes(std::string_view utf8) {
+    std::string bytes;
+    for (const char16_t unit : ToUtf16(utf8)) {
+        bytes += static_cast<char>(unit & 0xFFU);
+        bytes += static_cast<char>(unit >> 8U);
+    }
+    return bytes;
+}
+
 bool IsUtf8(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         const Decoded decoded = Decode(text, at);

@@ -1,10 +1,15 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace ventlock {
+
+/// The marks that tell a file's encoding.
+inline constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+inline constexpr std::string_view kUtf16Mark = "\xFF\xFE";  ///< least significant byte first
 
 /// What stands for a piece of text that is not UTF-8.
 inline constexpr char32_t kReplacementCharacter = 0xFFFD;
@@ -22,6 +27,13 @@ std::u16string ToUtf16(std::string_view utf8);
 
 /// UTF-16 code units to UTF-8; lone surrogates survive the way there and back.
 std::string FromUtf16(std::u16string_view utf16);
+
+/// The text of UTF-16 bytes, least significant first and without a mark; nothing when they end within a
+/// character.
+std::optional<std::string> FromUtf16Bytes(std::string_view bytes);
+
+/// The way back.
+std::string ToUtf16Bytes(std::string_view utf8);
 
 /// True when every byte of the text belongs to a well-formed character (no lone surrogates).
 bool IsUtf8(std::string_view text);

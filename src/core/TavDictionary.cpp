@@ -20,8 +20,7 @@ bool TavDictionary::Load(const std::vector<std::string>& paths) {
 }
 
 bool TavDictionary::LoadText(std::string_view text) {
-    constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
+    if (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
     if (!IsUtf8(text)) return false;
     bool understood = true;
     std::string language;

@@ -35,24 +35,17 @@ std::string AllKeyNames() {
 
 /// The text of the file in UTF-8, or nothing when it is no text. `badLine` is then where it ceases to be.
 std::optional<std::string> TextOf(std::string_view bytes, int& badLine) {
-    constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-    constexpr std::string_view kUtf16Mark = "\xFF\xFE";
-    std::string text(bytes);
+    std::optional<std::string> text;
     badLine = 1;
     if (bytes.starts_with(kUtf16Mark)) {
-        if (bytes.size() % 2 != 0) return std::nullopt;
-        std::u16string units;
-        for (std::size_t i = kUtf16Mark.size(); i < bytes.size(); i += 2) {
-            units += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                           (static_cast<unsigned char>(bytes[i + 1]) << 8U));
-        }
-        text = FromUtf16(units);
-    } else if (bytes.starts_with(kUtf8Mark)) {
-        text.erase(0, kUtf8Mark.size());
+        text = FromUtf16Bytes(bytes.substr(kUtf16Mark.size()));
+    } else {
+        text = bytes.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0);
     }
-    ProfileLines lines(text);
+    if (!text) return std::nullopt;
+    ProfileLines lines(*text);
     for (ProfileLine line; lines.Next(line); ++badLine) {
-        const std::string_view content = line.Content(text);
+        const std::string_view content = line.Content(*text);
         if (!IsUtf8(content) || content.find('\0') != std::string_view::npos) return std::nullopt;
     }
     return text;

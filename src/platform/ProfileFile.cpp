@@ -14,33 +14,17 @@ namespace ventlock {
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
-constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
 bool IsAscii(std::string_view text) {
     return std::none_of(text.begin(), text.end(),
                         [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
 }
 
-std::string FromUtf16Bytes(std::string_view bytes) {
-    if (bytes.size() % 2 != 0) {
+std::string RequireUtf16(std::string_view bytes) {
+    std::optional<std::string> text = FromUtf16Bytes(bytes);
+    if (!text)
         throw RunTimeError(ErrorNumber::PathFileAccessError, "the UTF-16 text ends within a character");
-    }
-    std::u16string units;
-    units.reserve(bytes.size() / 2);
-    for (std::size_t i = 0; i < bytes.size(); i += 2) {
-        units += static_cast<char16_t>(static_cast<unsigned char>(bytes[i]) |
-                                       (static_cast<unsigned char>(bytes[i + 1]) << 8U));
-    }
-    return FromUtf16(units);
-}
-
-std::string ToUtf16Bytes(std::string_view utf8) {
-    std::string bytes;
-    for (const char16_t unit : ToUtf16(utf8)) {
-        bytes += static_cast<char>(unit & 0xFFU);
-        bytes += static_cast<char>(unit >> 8U);
-    }
-    return bytes;
+    return *std::move(text);
 }
 
 [[noreturn]] void Refuse(std::string_view text, std::string_view why) {
@@ -81,7 +65,7 @@ struct ProfileFile::Place {
 
 ProfileFile::ProfileFile(std::string_view bytes, CodePage codePage)
     : codePage_(codePage), isUtf16_(bytes.starts_with(kUtf16Mark)) {
-    text_ = isUtf16_ ? FromUtf16Bytes(bytes.substr(kUtf16Mark.size())) : std::string(bytes);
+    text_ = isUtf16_ ? RequireUtf16(bytes.substr(kUtf16Mark.size())) : std::string(bytes);
 }
 
 std::string ProfileFile::Bytes() const {

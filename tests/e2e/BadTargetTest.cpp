@@ -123,7 +123,7 @@ TEST_F(BadTarget, AReadOnlyDatabaseFileFailsTheTargetWithCode1) {
         "  driver: [HY000] [SQLite]attempt to write a readonly database (8) (8)\n"
         "  The database is read-only for this user. Get the right to write to it.\n");
     EXPECT_EQ(world_.Listing(), "device.db entry.ini");
-    EXPECT_EQ(world_.Snapshot().at("work/device.db"), before.at("work/device.db"));
+    EXPECT_EQ(world_.Snapshot().at("entry/device.db"), before.at("entry/device.db"));
     ExpectRowsUnchanged();
 }
 

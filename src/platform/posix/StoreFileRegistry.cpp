@@ -20,7 +20,6 @@ constexpr std::uint32_t kQueryValue = 0x1;
 constexpr std::uint32_t kSetValue = 0x2;
 constexpr std::uint32_t kCreateSubKey = 0x4;
 constexpr int kUtf8 = 65001;
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kBlanks = " \t\v";
 constexpr std::string_view kLineEnds("\r\n\0", 3);
 

@@ -94,5 +94,12 @@ TEST(Utf, LongTextSurvivesTheWayThereAndBack) {
     EXPECT_EQ(FromUtf16(ToUtf16(text)), text);
 }
 
+TEST(Utf, BytesOfUtf16AreLeastSignificantFirstBothWays) {
+    const std::string bytes("A\0\xFC\0\x3D\xD8\0\xDE", 8);
+    EXPECT_EQ(FromUtf16Bytes(bytes), "A\xC3\xBC\xF0\x9F\x98\x80");
+    EXPECT_EQ(ToUtf16Bytes("A\xC3\xBC\xF0\x9F\x98\x80"), bytes);
+    EXPECT_EQ(FromUtf16Bytes("A"), std::nullopt) << "half a character is no text";
+}
+
 }  // namespace
 }  // namespace ventlock
