@@ -74,14 +74,11 @@ class EntryWriter {
 
  private:
     void Begin() {
-        ConnectedDatabase& database = plan_.Database();
         const bool isFirst = !facade_;
-        if (isFirst && database.facade) {
-            facade_ = std::move(database.facade);
-        } else {
-            facade_ = std::make_unique<clsTavDB>(services_.Events());
-            if (options_.targets.database) facade_->Init(services_.Objects(), 2);
-        }
+        ConnectedDatabase& database = plan_.Database();
+        // The facade of the start has passed its check; it writes the first entry.
+        isReady_ = isFirst && database.facade != nullptr;
+        facade_ = isReady_ ? std::move(database.facade) : std::make_unique<clsTavDB>(services_.Events());
         pyxConfig_ = std::make_unique<clsPyxConfig>(services_.Profiles());
         pyxConfig_->Init(services_.Objects(), 2);
         ddInstall_ = std::make_unique<clsDDInstall>(services_.Profiles());
@@ -94,13 +91,23 @@ class EntryWriter {
                     *pyxConfig_);
     }
 
+    /// The facade with its records set up. The schema is looked at again: another program may have changed
+    /// it.
+    bool MakeReady() {
+        if (isReady_) return true;
+        isReady_ = facade_->Init(services_.Objects(), 2);
+        if (isReady_) services_.Journal().Clear();  // what follows is the entry's own
+        return isReady_;
+    }
+
     TargetResult WriteDatabase(const PlannedEntry& entry, Json& json) {
+        const bool isReady = MakeReady();
         Gather(entry);
         // A category that could not be found or made is an error of its own; going on would store another
         // one.
         const bool isGathered = services_.Journal().Diagnostics().empty() && services_.Messages().IsEmpty();
         TargetResult result;
-        result.isWritten = isGathered && facade_->Update();
+        result.isWritten = isReady && isGathered && facade_->Update();
         if (!result.isWritten) {
             result.advice = StatementAdvice(services_.Journal().Diagnostics(),
                                             plan_.Database().schemaVersion < kCurrentSchema);
@@ -169,6 +176,7 @@ class EntryWriter {
     RegisterPlan& plan_;
     Console& console_;
     std::unique_ptr<clsTavDB> facade_;
+    bool isReady_ = false;  ///< the facade can write to the database
     std::unique_ptr<clsPyxConfig> pyxConfig_;
     std::unique_ptr<clsDDInstall> ddInstall_;
 };

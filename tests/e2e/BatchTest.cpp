@@ -53,6 +53,24 @@ TEST(Batch, EntriesOfSeveralFilesAreWrittenInTheOrderOfTheCall) {
                                           "HART Protocol Rev=5\n"));
 }
 
+TEST(Batch, AnEntryWhoseDatabaseHasBecomeUnsupportedMeanwhileIsNotCalledWritten) {
+    const World world;
+    world.MakeDatabase();
+    world.Database().Execute(
+        "CREATE TRIGGER newer AFTER INSERT ON DeviceRevisions BEGIN UPDATE __version SET Major = 2; END");
+    world.Write("entry.ini", kTwoManufacturers);
+    const ProgramResult result = world.Run({"register", "entry.ini", "--db"});
+
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out, "[A] entry.ini:1: data source \"PYX\": written\n");
+    EXPECT_EQ(result.err,
+              "ventlock-cli: [B] entry.ini:8: data source \"PYX\": the entry was not written\n"
+              "  The version of the device database is not supported.\n"
+              "  Check the entry with \"ventlock-cli check\" and the database with \"ventlock-cli database "
+              "info\".\n");
+    EXPECT_EQ(world.Rows("SELECT * FROM Manufacturers"), "1|Acme|\n");
+}
+
 TEST(Batch, AFailingEntryLeavesTheOthersWrittenAndTheRunEndsWithCode1) {
     const World world;
     world.MakeDatabase();
