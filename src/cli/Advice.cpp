@@ -57,9 +57,8 @@ std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool is
     if (Mention(diagnostics, {"disk is full", "disk full"})) return "Make room on the database's disk.";
     if (Mention(diagnostics, {"unique", "duplicate", "[23505]"})) {
         if (isOldSchema) {
-            return "A database of the old schema takes each manufacturer, type and revision once and changes "
-                   "none. "
-                   "Delete its rows first, or leave the database out.";
+            return "A database of the old schema takes each manufacturer, type and revision once and "
+                   "changes none. Delete its rows first, or leave the database out.";
         }
         return "Another program took the number in between. Run the command again.";
     }

@@ -103,16 +103,15 @@ std::vector<CountedTable> CountedTables(std::int16_t schemaVersion) {
 
 // What was registered, put together from the tables of the current schema.
 constexpr std::string_view kManufacturerRows =
-    "SELECT M.TavMfrNameId, M.Name, M.Description, P.MfrProtocolId, P.ProtocolId, P.MfrId FROM Manufacturers "
-    "M LEFT "
-    "JOIN MfrProtocols P ON P.TavMfrNameId = M.TavMfrNameId ORDER BY M.TavMfrNameId, P.MfrProtocolId";
+    "SELECT M.TavMfrNameId, M.Name, M.Description, P.MfrProtocolId, P.ProtocolId, P.MfrId "
+    "FROM Manufacturers M LEFT JOIN MfrProtocols P ON P.TavMfrNameId = M.TavMfrNameId "
+    "ORDER BY M.TavMfrNameId, P.MfrProtocolId";
 constexpr std::string_view kDeviceRows =
-    "SELECT M.Name AS Manufacturer, P.MfrId, P.ProtocolId, T.TavDevTypeId, T.DeviceType, T.Name AS Device, "
-    "R.TavDevRevId, R.DeviceRevision, R.Name AS Revision, R.DeviceCategoryId FROM DeviceRevisions R JOIN "
-    "DeviceTypes T "
-    "ON T.TavDevTypeId = R.TavDevTypeId JOIN MfrProtocols P ON P.MfrProtocolId = T.MfrProtocolId JOIN "
-    "Manufacturers M "
-    "ON M.TavMfrNameId = P.TavMfrNameId ORDER BY R.TavDevRevId";
+    "SELECT M.Name AS Manufacturer, P.MfrId, P.ProtocolId, T.TavDevTypeId, T.DeviceType, "
+    "T.Name AS Device, R.TavDevRevId, R.DeviceRevision, R.Name AS Revision, R.DeviceCategoryId "
+    "FROM DeviceRevisions R JOIN DeviceTypes T ON T.TavDevTypeId = R.TavDevTypeId "
+    "JOIN MfrProtocols P ON P.MfrProtocolId = T.MfrProtocolId "
+    "JOIN Manufacturers M ON M.TavMfrNameId = P.TavMfrNameId ORDER BY R.TavDevRevId";
 
 std::string ListStatement(const std::string& kind, std::int16_t schemaVersion) {
     const bool isCurrent = schemaVersion >= kCurrentSchema;

@@ -44,6 +44,48 @@ TEST(Register, AnEntryGoesIntoAnEmptyDatabaseAndIntoNewFiles) {
     EXPECT_EQ(world.Listing(), "Ddinstal.ini Pyx.ini Pyx.ini.bak device.db flow.ini");
 }
 
+/// A file of the sample that comes with the program.
+std::string Sample(const std::string& name) {
+    return ReadBytes(VENTLOCK_SOURCE_FOLDER "/data/sample/" + name);
+}
+
+TEST(Register, TheSampleGoesIntoAnEmptyDatabaseAndIntoNewFiles) {
+    const World world;
+    world.MakeDatabase();
+    world.Write("flow.ini", Sample("flow-transmitter.ini"));
+    EXPECT_EQ(world.Run(kRegisterAll).exitCode, 0);
+    EXPECT_EQ(world.Rows("SELECT * FROM Manufacturers"), "1|Acme|Acme Inc\n");
+    EXPECT_EQ(world.Rows("SELECT * FROM MfrProtocols"), "1|1|0|38\n");
+    EXPECT_EQ(world.Rows("SELECT * FROM DeviceTypes"), "1|1|7|Flow|Flow meter\n");
+    EXPECT_EQ(world.Rows("SELECT * FROM DeviceRevisions"), "1|1|1|0|R1|First\n");
+    EXPECT_EQ(world.Read("Pyx.ini"), kFlowPyxIni);
+    EXPECT_EQ(world.Read("Pyx.ini.bak"), kFlowPyxIniBackup);
+    EXPECT_EQ(world.Read("Ddinstal.ini"), kFlowDdinstal);
+}
+
+TEST(Register, TheSampleGoesIntoTheSamplePyxIni) {
+    const World world;
+    world.Write("flow.ini", Sample("flow-transmitter.ini"));
+    world.Write("Pyx.ini", Sample("Pyx.ini"));
+    EXPECT_EQ(world.Run({"register", "flow.ini", "--ini", "--ini-path", "Pyx.ini"}).exitCode, 0);
+    EXPECT_EQ(world.Read("Pyx.ini"), CrLf("[TAV Server 1]\n"
+                                          "DataSourceName=PYX\n"
+                                          "\n"
+                                          "[Devices]\n"
+                                          "000011.0001.01=000011/0001\n"
+                                          "000026.0007.01=000026/0007\n"
+                                          "\n"
+                                          "[000011.0001.01]\n"
+                                          "Description=Old\n"
+                                          "\n"
+                                          "[000026.0007.01]\n"
+                                          "DeviceHelp=000026\\0007\\h.hlp\n"
+                                          "BlockHelp_001=000026\\0007\\\n"
+                                          "DeviceDLL=000026\\0007\\Dev.dll\n"
+                                          "Description=Flow\n"
+                                          "HART Protocol Rev=5\n"));
+}
+
 TEST(Register, ASecondRunOfTheSameEntryChangesNothingButTheBackups) {
     const World world;
     world.MakeDatabase();
