@@ -7,14 +7,17 @@ namespace ventlock::odbc {
 
 // For a driver without wide functions this driver manager turns wide text into one-byte characters and drops
 // the upper half of what does not fit. Such drivers take UTF-8 as it is. Which kind a driver is shows when it
-// translates a text without running it: only wide functions bring the character back.
+// translates a text without running it: only wide functions bring the character back. Behind its NUL the
+// text goes on for longer than the answer has room: SQLite's driver ends the text it was given, not its
+// answer, where that room ends.
 TextForm FormForDriver(SQLHANDLE connection) {
-    const std::string probe = "SELECT '\u03A9'";
-    WideText text = ToWide(probe);
     std::array<SQLWCHAR, 64> translated{};
+    WideText text = ToWide("SELECT '\u03A9'");
+    text.resize(2 * translated.size());
     SQLINTEGER length = 0;
-    const SQLRETURN result = SQLNativeSqlW(connection, text.data(), SQL_NTS, translated.data(),
-                                           static_cast<SQLINTEGER>(translated.size()), &length);
+    const SQLRETURN result =
+        SQLNativeSqlW(connection, text.data(), static_cast<SQLINTEGER>(text.size()), translated.data(),
+                      static_cast<SQLINTEGER>(translated.size()), &length);
     if (!SQL_SUCCEEDED(result)) return TextForm::Wide;
     const std::string back = FromWide(translated.data(), FilledLength(translated.data(), translated.size()));
     return back.find("\u03A9") == std::string::npos ? TextForm::Bytes : TextForm::Wide;
