@@ -46,6 +46,8 @@ std::string_view DescriptionOf(ErrorNumber number) {
             return "ActiveX component can't create object";
         case ErrorNumber::KeyAlreadyAssociated:
             return "This key is already associated with an element of this collection";
+        case ErrorNumber::CannotOpenClipboard:
+            return "Can't open Clipboard";
         case ErrorNumber::NoCurrentRecord:
             return "No current record.";
         case ErrorNumber::OdbcCallFailed:

@@ -29,6 +29,7 @@ enum class ErrorNumber : int {
     ObjectRequired = 424,
     CannotCreateObject = 429,
     KeyAlreadyAssociated = 457,
+    CannotOpenClipboard = 521,
     NoCurrentRecord = 3021,
     OdbcCallFailed = 3146,
     ItemNotFound = 3265,
