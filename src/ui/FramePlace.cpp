@@ -1,0 +1,48 @@
+#include "ui/FramePlace.h"
+
+#include <wx/display.h>
+
+#include "entry/WindowPlace.h"
+
+namespace ventlock {
+
+FramePlace::FramePlace(wxTopLevelWindow& frame)
+    : frame_(frame), restored_(frame.GetPosition()), givenAt_(restored_) {
+    frame_.Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
+        event.Skip();
+        TakePosition();
+    });
+}
+
+bool FramePlace::IsRestored() const {
+    return !frame_.IsIconized() && !frame_.IsMaximized();
+}
+
+void FramePlace::TakePosition() {
+    if (frame_.IsShown() && IsRestored()) restored_ = frame_.GetPosition();
+}
+
+// A frame that nobody has moved keeps the place it was given to the twip, also one that had to be shown
+// elsewhere.
+FramePlace::Twips FramePlace::Current() const {
+    return restored_ == givenAt_ ? given_ : Twips{ToTwips(restored_.x), ToTwips(restored_.y)};
+}
+
+std::int16_t FramePlace::Left() const {
+    return Current().left;
+}
+
+std::int16_t FramePlace::Top() const {
+    return Current().top;
+}
+
+void FramePlace::Move(std::int16_t left, std::int16_t top) {
+    if (!IsRestored()) return;
+    given_ = {left, top};
+    wxPoint place(ToPixels(left), ToPixels(top));
+    if (wxDisplay::GetFromPoint(place) == wxNOT_FOUND) place = wxDisplay(0u).GetClientArea().GetTopLeft();
+    givenAt_ = restored_ = place;
+    frame_.Move(place);
+}
+
+}  // namespace ventlock

@@ -1,0 +1,47 @@
+#include "ui/MainMenu.h"
+
+#include "ui/WxText.h"
+
+namespace ventlock {
+namespace {
+
+wxMenuItem* Add(wxMenu& menu, const char* caption) {
+    return menu.Append(wxID_ANY, caption);
+}
+
+}  // namespace
+
+MainMenu::MainMenu()
+    : bar(new wxMenuBar),
+      mnuFile(new wxMenu),
+      mnuSelectDDInstall(Add(*mnuFile, "S&elect DDInstall...")),
+      mnuSelectINI(Add(*mnuFile, "Select I&NI...")),
+      mnuFileSep1(mnuFile->AppendSeparator()),
+      mnuWriteDB(Add(*mnuFile, "Write to &Database")),
+      mnuWriteINI(Add(*mnuFile, "Write to &INI")),
+      mnuWriteDDInstall(Add(*mnuFile, "Write to DDInstal&l")),
+      mnuFileSep2(mnuFile->AppendSeparator()),
+      mnuExit(Add(*mnuFile, "E&xit")),
+      mnuEdit(new wxMenu),
+      mnuCut(Add(*mnuEdit, "Cu&t\tCtrl+X")),
+      mnuCopy(Add(*mnuEdit, "&Copy\tCtrl+C")),
+      mnuPaste(Add(*mnuEdit, "&Paste\tCtrl+V")),
+      mnuEditSep1(mnuEdit->AppendSeparator()),
+      mnuClear(Add(*mnuEdit, "C&lear Entries")),
+      mnuHelp(new wxMenu),
+      mnuHelpContents(Add(*mnuHelp, "&Contents...")),
+      mnuHelpSearch(Add(*mnuHelp, "&Search for Help on...")),
+      mnuHelpSep1(mnuHelp->AppendSeparator()),
+      mnuHelpAbout(Add(*mnuHelp, "&About...")) {
+    bar->Append(mnuFile, "&File");
+    bar->Append(mnuEdit, "&Edit");
+    bar->Append(mnuHelp, "&Help");
+    for (wxMenuItem* item : {mnuWriteDB, mnuWriteINI, mnuWriteDDInstall}) item->Enable(false);
+}
+
+void MainMenu::SetCaption(wxMenuItem& item, const std::string& caption) {
+    const wxString shortcut = item.GetItemLabel().AfterFirst('\t');
+    item.SetItemLabel(shortcut.empty() ? ToWx(caption) : ToWx(caption) + '\t' + shortcut);
+}
+
+}  // namespace ventlock

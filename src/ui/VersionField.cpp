@@ -1,0 +1,39 @@
+#include "ui/VersionField.h"
+
+#include <utility>
+
+#include "ui/WxText.h"
+
+namespace ventlock {
+
+VersionField::VersionField(wxListBox& box, std::function<void()> onClick) : box_(box) {
+    box_.Bind(wxEVT_LISTBOX, [onClick = std::move(onClick)](wxCommandEvent&) { onClick(); });
+}
+
+int VersionField::Count() const {
+    return static_cast<int>(box_.GetCount());
+}
+
+std::string VersionField::Text(int index) const {
+    return FromWx(box_.GetString(static_cast<unsigned>(index)));
+}
+
+int VersionField::Add(const std::string& text) {
+    return box_.Append(ToWx(text));
+}
+
+bool VersionField::IsSelected(int index) const {
+    return box_.IsSelected(index);
+}
+
+void VersionField::Select(int index) {
+    box_.SetSelection(index);
+}
+
+std::vector<OfferedVersion> VersionField::Versions() const {
+    std::vector<OfferedVersion> versions;
+    for (int i = 0; i < Count(); ++i) versions.push_back({Text(i), IsSelected(i)});
+    return versions;
+}
+
+}  // namespace ventlock

@@ -1,0 +1,189 @@
+#pragma once
+
+#include <wx/frame.h>
+#include <wx/scrolwin.h>
+
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/AppObjects.h"
+#include "core/Guarded.h"
+#include "core/TavDictionary.h"
+#include "db/clsConnection.h"
+#include "entry/EntryRecords.h"
+#include "platform/Host.h"
+#include "platform/IEvents.h"
+#include "platform/ProfileEdit.h"
+#include "ui/FramePlace.h"
+#include "ui/IClipboard.h"
+#include "ui/IFileDialog.h"
+#include "ui/IHelp.h"
+#include "ui/MainControls.h"
+#include "ui/MainMenu.h"
+
+namespace ventlock {
+
+/// What the main window works with; all of it must outlive the window.
+struct WindowServices {
+    Host& host;
+    const ProfileStore& profiles;  ///< with relative paths counted from the program's folder
+    IEvents& events;
+    IMessageBox& messages;
+    IClipboard& clipboard;
+    IFileDialog& fileDialog;
+    IHelp& help;
+    EngineFactory createEngine;
+    std::function<std::shared_ptr<IDictionary>()> createDictionary;
+};
+
+/// What the file dialog and the help are told once.
+struct CommonDialog {
+    std::string HelpFile;  ///< path of the help book
+};
+
+/// The program's working window: one device entry on four tabs and the commands that write it. It builds its
+/// controls, hands events to the rules below and applies their answers.
+///
+/// While a command runs, pending events are dispatched: other commands then do nothing, and closing the
+/// window waits for the command's end.
+class frmMain final : public wxFrame {
+ public:
+    /// Modes of LoadFormText.
+    static constexpr int kContents = 0;
+    static constexpr int kCaptions = 2;
+
+    explicit frmMain(const WindowServices& services);
+    ~frmMain() override;
+    frmMain(const frmMain&) = delete;
+    frmMain& operator=(const frmMain&) = delete;
+
+    /// Start-up in its numbered steps: log, settings, dictionary, connection, lists, texts. Call it once,
+    /// before the window is shown. An error ends it at its step and leaves the window as far as it is.
+    void Form_Load();
+
+    /// Gathers, stores and saves the entry, unless it was never read or never shown, and ends the program.
+    void Form_Unload();
+
+    /// True once Form_Unload has begun.
+    [[nodiscard]] bool IsUnloading() const noexcept { return isUnloading_; }
+
+    /// Connects to the settings' data source and checks its schema.
+    /// @throws RunTimeError what a missing shared object raises.
+    bool ConnectDatabase();
+
+    /// Fills the revision lists and, when connected to a current schema, the lists of the database. False
+    /// when one of these cannot be loaded.
+    bool FillLists();
+
+    /// Mode 2: all captions from the dictionary. Mode 0: the offered versions and the entry into the fields;
+    /// only once, it adds to the list. Any other mode does nothing.
+    void LoadFormText(int mode = kContents);
+
+    /// Selects the versions of a list such as "5.0, 6.0" among those offered. Always True.
+    bool SelectVersions(const std::string& versions);
+
+    /// Fields into records and writers. The result decides nothing.
+    bool GatherEntry();
+
+    /// Makes fields and write commands as the rules ask for what the fields hold now.
+    void SetControlStates();
+
+    void mnuSelectDDInstall_Click();
+    void mnuSelectINI_Click();
+    void mnuWriteDB_Click();
+    void mnuWriteINI_Click();
+    void mnuWriteDDInstall_Click();
+    void mnuExit_Click();
+    void mnuCut_Click();
+    void mnuCopy_Click();
+    void mnuPaste_Click();
+    void mnuClear_Click();
+    void mnuHelpContents_Click();
+    void mnuHelpSearch_Click();
+    void mnuHelpAbout_Click();
+
+    /// Connects to the data source named in the first field, which "Pyx.ini" then names too. What the fields
+    /// show stays; the objects behind them are fresh.
+    void cmdSwitchDSN_Click();
+
+    /// Ask for a file, starting from the present path; "" when none was chosen. No command asks for a
+    /// database file today.
+    std::string SelectDBFile();
+    std::string SelectINIFile();
+    std::string SelectDDInstallFile();
+
+    /// The last resort for an error that reaches the toolkit's loop: it goes to the log file alone.
+    void ReportUnhandled(const std::exception_ptr& error) noexcept;
+
+    [[nodiscard]] MainControls& Controls() noexcept { return controls_; }
+    [[nodiscard]] MainMenu& Menu() noexcept { return menu_; }
+    [[nodiscard]] EntryRecords& Records() noexcept { return records_; }
+    [[nodiscard]] const AppObjects& Objects() const noexcept { return oAppObjects_; }
+    [[nodiscard]] const CommonDialog& cmndlgDB() const noexcept { return cmndlgDB_; }
+    [[nodiscard]] bool IsConnected() const noexcept { return isConnected_; }
+    [[nodiscard]] std::int16_t SchemaVersion() const noexcept { return schemaVersion_; }
+    [[nodiscard]] bool CaptionsLoading() const noexcept { return captionsLoading_; }
+    [[nodiscard]] bool EntriesChanged() const noexcept { return entriesChanged_; }
+    [[nodiscard]] bool IsBusy() const noexcept { return isBusy_; }
+
+ private:
+    [[nodiscard]] FieldHandlers Handlers();
+    void BindEvents();
+    void txtMain_Change();
+    void OnClose(wxCloseEvent& event);
+    void Unload();
+
+    void Load(StepLabel& step);
+    void LoadDictionary();
+    void SettingsToEntry();
+    void LoadCaptions();
+    void LoadEntry(StepLabel& step);
+    void ShowCurrentSchemaFields(StepLabel& step);
+    void FitContents();
+
+    void StoreDataSource(StepLabel& step);
+    void ReloadReferenceLists();
+
+    /// Show in the status text what the window is connected to, or that it is at work.
+    void ShowConnection();
+    void ShowBusy();
+
+    /// Runs a command unless another one is running; an error is logged under the tag.
+    void RunCommand(std::string_view tag, const std::function<void(StepLabel&)>& body);
+    void RunCommand(const std::function<void()>& body);
+
+    void ReportWritten(bool isWritten, const char* goodKey, const char* badKey, wxMenuItem& item,
+                       wxButton& button);
+    bool ChooseDDInstallFile();
+    std::string AskForFile(std::string_view tag, int flags, const char* filterKey, int preselected,
+                           std::size_t box, const wxString& title);
+    void ShowHelp();
+
+    WindowServices services_;
+    MainMenu menu_;
+    wxScrolledWindow* contents_;
+    MainControls controls_;
+    FramePlace place_;
+
+    AppObjects oAppObjects_;
+    EntryRecords records_;
+    std::string offeredVersions_;
+    CommonDialog cmndlgDB_;
+    std::int16_t schemaVersion_ = 0;
+    bool isConnected_ = false;
+    bool startUpFailed_ = false;   ///< nothing is saved then
+    bool isSettingsRead_ = false;  ///< the whole entry came from the settings
+    bool isEntryShown_ = false;    ///< the fields hold the entry
+    bool captionsLoading_ = false;
+    bool hasCaptions_ = false;  ///< the dictionary's texts are there
+    bool entriesChanged_ = false;
+    bool isBusy_ = false;
+    bool isClosePending_ = false;
+    bool isUnloading_ = false;
+};
+
+}  // namespace ventlock

@@ -1,0 +1,180 @@
+// The commands of the menus: writing, editing, choosing files, help.
+
+#include <wx/utils.h>
+
+#include "base/Text.h"
+#include "core/clsLog.h"
+#include "core/modLocalization.h"
+#include "db/SchemaVersion.h"
+#include "entry/FileFilters.h"
+#include "ui/WxText.h"
+#include "ui/frmAbout.h"
+#include "ui/frmMain.h"
+
+namespace ventlock {
+namespace {
+
+/// The field with the focus, when it is one that text can be copied from; nullptr for anything else.
+wxTextEntry* FocusedText() {
+    return dynamic_cast<wxTextEntry*>(wxWindow::FindFocus());
+}
+
+/// A menu's caption as a dialog's title.
+wxString TitleOf(const wxMenuItem& item) {
+    wxString title = item.GetItemLabelText();
+    title.Replace("...", "");
+    return title;
+}
+
+}  // namespace
+
+void frmMain::mnuWriteDB_Click() {
+    RunCommand("fMwdb", [&](StepLabel&) {
+        const wxBusyCursor busyCursor;
+        GatherEntry();
+        ReportWritten(records_.TavDB().Update(), "IDS_MSG_UPD_GOOD", "IDS_MSG_UPD_BAD", *menu_.mnuWriteDB,
+                      *controls_.cmdWriteDB);
+    });
+}
+
+void frmMain::mnuWriteINI_Click() {
+    RunCommand("fMwini", [&](StepLabel&) {
+        const wxBusyCursor busyCursor;
+        GatherEntry();
+        clsPyxConfig& writer = records_.PyxConfig();
+        writer.Init(oAppObjects_, 2);
+        ReportWritten(writer.Insert(records_.TavDB().Manufacturer(), records_.TavDB().Device()),
+                      "IDS_MSG_INS_GOOD", "IDS_MSG_INS_BAD", *menu_.mnuWriteINI, *controls_.cmdWriteINI);
+    });
+}
+
+void frmMain::mnuWriteDDInstall_Click() {
+    RunCommand("fMwdd", [&](StepLabel&) {
+        const bool isPathMissing = Trim(controls_.txtMain[kDDInstallPathBox]->Text()).empty();
+        if (isPathMissing && !ChooseDDInstallFile()) return;
+        const wxBusyCursor busyCursor;
+        GatherEntry();
+        clsDDInstall& writer = records_.DDInstall();
+        writer.Init(oAppObjects_, 2);
+        ReportWritten(writer.WriteDDInstall(records_.TavDB().Manufacturer(), records_.TavDB().Device()),
+                      "IDS_MSG_INS_GOOD", "IDS_MSG_INS_BAD", *menu_.mnuWriteDDInstall,
+                      *controls_.cmdWriteDDInstall);
+    });
+}
+
+void frmMain::ReportWritten(bool isWritten, const char* goodKey, const char* badKey, wxMenuItem& item,
+                            wxButton& button) {
+    if (!isWritten) {
+        oAppObjects_.Get<clsLog>(kLogKey).Log(GetString(badKey));
+        return;
+    }
+    services_.messages.Show(GetString(goodKey), "", {});
+    if (button.HasFocus()) button.Navigate();  // a disabled button would keep the keyboard to itself
+    item.Enable(false);
+    button.Enable(false);
+}
+
+void frmMain::mnuCopy_Click() {
+    RunCommand("fMcp", [&](StepLabel&) {
+        const wxTextEntry* text = FocusedText();
+        if (text != nullptr) services_.clipboard.SetText(FromWx(text->GetStringSelection()));
+    });
+}
+
+void frmMain::mnuCut_Click() {
+    RunCommand("fMct", [&](StepLabel&) {
+        wxTextEntry* text = FocusedText();
+        if (text == nullptr) return;
+        services_.clipboard.SetText(FromWx(text->GetStringSelection()));
+        text->RemoveSelection();
+    });
+}
+
+void frmMain::mnuPaste_Click() {
+    RunCommand("fMpa", [&](StepLabel&) {
+        wxTextEntry* text = FocusedText();
+        if (text != nullptr) text->WriteText(ToWx(services_.clipboard.Text()));
+    });
+}
+
+void frmMain::mnuClear_Click() {
+    RunCommand("fMcl", [&](StepLabel&) {
+        for (std::size_t box = kManufacturerIdBox; box < kTextBoxCount; ++box)
+            controls_.txtMain[box]->SetText("");
+        controls_.cboDevRev->SetText("01");
+        controls_.cboDDRev->SetText("01");
+        controls_.cboHARTRev->SetText("05");
+        if (schemaVersion_ < kCurrentSchema) return;
+        controls_.cboDeviceProtocol->Select(-1);
+        controls_.cboDeviceCategory->Select(-1);
+    });
+}
+
+std::string frmMain::AskForFile(std::string_view tag, int flags, const char* filterKey, int preselected,
+                                std::size_t box, const wxString& title) {
+    return Guarded(&oAppObjects_, tag, std::string(), [&](StepLabel&) {
+        const FileFilters filters = UsableFilters(GetString(filterKey), preselected);
+        return services_.fileDialog.Open({.flags = flags,
+                                          .filters = filters.text,
+                                          .preselected = filters.preselected,
+                                          .start = controls_.txtMain[box]->Text(),
+                                          .title = FromWx(title)});
+    });
+}
+
+std::string frmMain::SelectDBFile() {
+    return AskForFile("fMsdb", kFileMustExist | kHideReadOnly, "IDS_FLTR_DB", 2, kDataSourceBox, GetTitle());
+}
+
+std::string frmMain::SelectINIFile() {
+    return AskForFile("fMsif", kFileMustExist | kHideReadOnly, "IDS_FLTR_INI", 3, kIniPathBox,
+                      TitleOf(*menu_.mnuSelectINI));
+}
+
+std::string frmMain::SelectDDInstallFile() {
+    return AskForFile("fMsdf", kHideReadOnly, "IDS_FLTR_DD", 2, kDDInstallPathBox,
+                      TitleOf(*menu_.mnuSelectDDInstall));
+}
+
+void frmMain::mnuSelectINI_Click() {
+    RunCommand([&] {
+        const std::string path = SelectINIFile();
+        if (path.empty()) return;
+        controls_.txtMain[kIniPathBox]->SetText(path);
+        records_.PyxConfig().IniPath = path;
+    });
+}
+
+void frmMain::mnuSelectDDInstall_Click() {
+    RunCommand([&] { ChooseDDInstallFile(); });
+}
+
+bool frmMain::ChooseDDInstallFile() {
+    const std::string path = SelectDDInstallFile();
+    if (path.empty()) return false;
+    controls_.txtMain[kDDInstallPathBox]->SetText(path);
+    records_.DDInstall().IniPath = path;
+    return true;
+}
+
+void frmMain::mnuHelpContents_Click() {
+    ShowHelp();
+}
+
+void frmMain::mnuHelpSearch_Click() {
+    ShowHelp();
+}
+
+void frmMain::ShowHelp() {
+    RunCommand("fMhp", [&](StepLabel&) {
+        if (services_.help.Show(cmndlgDB_.HelpFile, kHelpContents)) return;
+        oAppObjects_.Get<clsLog>(kLogKey).Log("The help book cannot be opened: " + cmndlgDB_.HelpFile, {}, {},
+                                              kLogToFile);
+    });
+}
+
+void frmMain::mnuHelpAbout_Click() {
+    RunCommand([&] { frmAbout(this, services_.host, services_.messages).ShowModal(); });
+}
+
+}  // namespace ventlock

@@ -1,0 +1,3 @@
+#include "ui/VentlockApp.h"
+
+wxIMPLEMENT_APP(ventlock::VentlockApp);

@@ -1,0 +1,7 @@
+#include "ui/modMain.h"
+
+namespace ventlock {
+
+bool gbTerminate = false;
+
+}  // namespace ventlock
