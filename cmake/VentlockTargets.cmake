@@ -32,6 +32,21 @@ function(ventlock_program name)
     add_dependencies(${name} ventlock_program_files)
 endfunction()
 
+# The help book is a zip of data/help. Names are sorted and the time of change is fixed, so that two books of the same
+# pages differ only in what a zip notes of access times and owners.
+set(VENTLOCK_HELP_BOOK ${PROJECT_BINARY_DIR}/bin/Ventlock.hlp)
+file(GLOB help_pages CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/data/help ${PROJECT_SOURCE_DIR}/data/help/*/*)
+list(SORT help_pages)
+list(TRANSFORM help_pages PREPEND ${PROJECT_SOURCE_DIR}/data/help/ OUTPUT_VARIABLE help_page_paths)
+add_custom_command(OUTPUT ${VENTLOCK_HELP_BOOK}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/bin
+    COMMAND ${CMAKE_COMMAND} -E env TZ=UTC ${CMAKE_COMMAND} -E tar cf ${VENTLOCK_HELP_BOOK} --format=zip
+            "--mtime=1980-01-01 00:00:00 UTC" -- ${help_pages}
+    DEPENDS ${help_page_paths}
+    WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/data/help
+    COMMENT "Binding the help book"
+    VERBATIM)
+
 file(GLOB program_files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/*.dct ${PROJECT_SOURCE_DIR}/data/schema/*.sql
      ${PROJECT_SOURCE_DIR}/data/schema/*/*.sql)
 add_custom_target(ventlock_program_files
@@ -39,6 +54,7 @@ add_custom_target(ventlock_program_files
     COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/data/QorStandard.dct
             ${PROJECT_SOURCE_DIR}/data/Ventlock.dct ${PROJECT_BINARY_DIR}/bin
     COMMAND ${CMAKE_COMMAND} -E copy_directory ${PROJECT_SOURCE_DIR}/data/schema ${PROJECT_BINARY_DIR}/bin/schema
+    DEPENDS ${VENTLOCK_HELP_BOOK}
     SOURCES ${program_files}
     COMMENT "Copying dictionaries and schema scripts beside the programs"
     VERBATIM)
