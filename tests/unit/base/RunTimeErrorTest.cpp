@@ -31,6 +31,7 @@ TEST(RunTimeError, EveryNumberHasItsClassicDescription) {
         {424, "Object required"},
         {429, "ActiveX component can't create object"},
         {457, "This key is already associated with an element of this collection"},
+        {521, "Can't open Clipboard"},
         {3021, "No current record."},
         {3146, "ODBC--call failed."},
         {3265, "Item not found in this collection."},
