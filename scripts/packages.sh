@@ -1,6 +1,7 @@
 # Sourced by run.sh and test.sh: Debian packages that the project needs, and their installation.
 
-build_packages=(g++ cmake ninja-build unixodbc-dev libsqliteodbc libcli11-dev nlohmann-json3-dev libdtl-dev)
+build_packages=(g++ cmake ninja-build unixodbc-dev libsqliteodbc libcli11-dev nlohmann-json3-dev libdtl-dev
+    libwxgtk3.2-dev)
 test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc odbcinst odbc-postgresql odbc-mariadb
     postgresql mariadb-server util-linux)
 
