@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Builds Ventlock and registers the sample entry in a workspace folder of its own; run again it shows that nothing is
-# doubled. The workspace is ~/ventlock-workspace, or what VENTLOCK_WORKSPACE names; nothing of the user outside it is
-# touched: data sources and settings of this run live in it too.
+# Builds Ventlock and opens its window on an embedded device database in a workspace folder of its own. Without a display
+# it registers the sample entry there from the command line; run again it shows that nothing is doubled. The workspace is
+# ~/ventlock-workspace, or what VENTLOCK_WORKSPACE names; nothing of the user outside it is touched: data sources and
+# settings of this run live in it too.
 set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
@@ -27,6 +28,11 @@ fi
 [ -e "$workspace/Pyx.ini" ] || cp data/sample/Pyx.ini "$workspace/Pyx.ini"
 "$cli" settings set INIPath "$workspace/Pyx.ini" --quiet
 "$cli" settings set DDInstallPath "$workspace/Ddinstal.ini" --quiet
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    echo "Opening the window on the database and the files in $workspace."
+    exec build/release/bin/ventlock
+fi
 
 before=$(mktemp -d)
 trap 'rm -rf "$before"' EXIT

@@ -78,10 +78,10 @@ class MainControls::Page {
 
     std::unique_ptr<VersionField> Versions(const char* name, std::size_t label, const char* caption,
                                            const char* toolTip, const std::function<void()>& onClick) {
-        Label(label, caption);
+        Label(label, caption, wxALIGN_TOP);
         auto* box = new wxListBox(panel_, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
                                   wxLB_MULTIPLE, wxDefaultValidator, name);
-        box->SetMinSize(wxSize(-1, kVersionRows * box->GetCharHeight() * 2));
+        box->SetMinSize(wxSize(-1, kVersionRows * (box->GetCharHeight() + Gap(*box))));
         auto list = std::make_unique<VersionField>(*box, onClick);
         Field(*box, toolTip);
         return list;
@@ -104,9 +104,9 @@ class MainControls::Page {
     }
 
  private:
-    void Label(std::size_t index, const char* caption) {
+    void Label(std::size_t index, const char* caption, int alignment = wxALIGN_CENTER_VERTICAL) {
         controls_.lblMain[index] = new wxStaticText(panel_, wxID_ANY, caption);
-        grid_->Add(controls_.lblMain[index], 0, wxALIGN_CENTER_VERTICAL);
+        grid_->Add(controls_.lblMain[index], 0, alignment);
     }
 
     void Field(wxWindow& field, const char* toolTip) {

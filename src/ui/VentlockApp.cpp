@@ -25,7 +25,7 @@ VentlockApp::~VentlockApp() = default;
 bool VentlockApp::OnInit() {
     if (!wxApp::OnInit()) return false;
     WatchQuitRequests();
-    wxFileSystem::AddHandler(new wxArchiveFSHandler);
+    wxFileSystem::AddHandler(std::make_unique<wxArchiveFSHandler>().release());  // it keeps the handler
     SetExitOnFrameDelete(false);
     host_ = CreateHost("ventlock");
     messages_ = std::make_unique<WindowMessages>(host_->AppInfo(), help_);

@@ -32,6 +32,7 @@ void VersionField::Select(int index) {
 
 std::vector<OfferedVersion> VersionField::Versions() const {
     std::vector<OfferedVersion> versions;
+    versions.reserve(static_cast<std::size_t>(Count()));
     for (int i = 0; i < Count(); ++i) versions.push_back({Text(i), IsSelected(i)});
     return versions;
 }

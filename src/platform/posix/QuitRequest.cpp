@@ -18,7 +18,11 @@ void WatchQuitRequests() {
     struct sigaction action {};
     action.sa_handler = RememberQuitRequest;
     action.sa_flags = SA_RESTART;
-    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) sigaction(signal, &action, nullptr);
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        struct sigaction before {};
+        sigaction(signal, nullptr, &before);
+        if (before.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);  // as nohup wants it
+    }
 }
 
 bool QuitRequested() {

@@ -47,6 +47,16 @@ TEST_P(QuitWish, MayComeAgainBeforeTheProgramHasEnded) {
     EXPECT_EQ(program.ExitCode(), kAsked);
 }
 
+TEST_P(QuitWish, StaysIgnoredWhereTheStarterWantsItIgnored) {
+    Child program([] {
+        std::signal(GetParam().signal, SIG_IGN);
+        WatchQuitRequests();
+        raise(GetParam().signal);
+        return QuitRequested() ? kAsked : kNotAsked;
+    });
+    EXPECT_EQ(program.ExitCode(), kNotAsked);
+}
+
 TEST_P(QuitWish, LetsACallInProgressGoOn) {
     Child program([] {
         WatchQuitRequests();
