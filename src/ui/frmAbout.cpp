@@ -1,12 +1,12 @@
 #include "ui/frmAbout.h"
 
-#include <wx/artprov.h>
 #include <wx/sizer.h>
 
 #include <string>
 
 #include "core/SystemInformation.h"
 #include "core/modCommonTools.h"
+#include "ui/ProgramIcon.h"
 #include "ui/WindowBounds.h"
 #include "ui/WxText.h"
 
@@ -23,8 +23,7 @@ wxStaticText* NewText(wxWindow* parent, const char* text) {
 
 frmAbout::frmAbout(wxWindow* parent, Host& host, IMessageBox& messages)
     : wxDialog(parent, wxID_ANY, "About Ventlock"),
-      picIcon(new wxStaticBitmap(this, wxID_ANY,
-                                 wxArtProvider::GetBitmapBundle(wxART_INFORMATION, wxART_MESSAGE_BOX))),
+      picIcon(new wxStaticBitmap(this, wxID_ANY, ProgramPicture())),
       lblTitle(NewText(this, "Ventlock")),
       lblVersion(NewText(this, "Version 1.0.1")),
       lblDescription(NewText(

@@ -8,6 +8,7 @@
 #include "entry/ControlStates.h"
 #include "entry/WindowPlace.h"
 #include "ui/Busy.h"
+#include "ui/ProgramIcon.h"
 #include "ui/WxText.h"
 
 namespace ventlock {
@@ -30,6 +31,7 @@ frmMain::frmMain(const WindowServices& services)
       controls_(*contents_, Handlers()),
       place_(*this),
       records_(services.events, services.profiles) {
+    SetIcons(ProgramIcons());
     SetMenuBar(menu_.bar);
     SetMinSize(wxSize(kSmallestWindow.width, kSmallestWindow.height));
     BindEvents();
