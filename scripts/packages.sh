@@ -1,9 +1,12 @@
 # Sourced by run.sh and test.sh: Debian packages that the project needs, and their installation.
 
 build_packages=(g++ cmake ninja-build unixodbc-dev libsqliteodbc libcli11-dev nlohmann-json3-dev libdtl-dev
-    libwxgtk3.2-dev)
+    libwxgtk3.2-dev wx3.2-i18n)
 test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc odbcinst odbc-postgresql odbc-mariadb
     postgresql mariadb-server util-linux)
+
+# What shows and drives a window without a screen.
+display_packages=(xvfb openbox xdotool x11-utils x11-xserver-utils x11-xkb-utils imagemagick dbus)
 
 # need_packages <package>...: installs those that are missing and says which; quick when all are there.
 need_packages() {

@@ -2,20 +2,38 @@
 
 #include <wx/filename.h>
 #include <wx/filesys.h>
+#include <wx/log.h>
+#include <wx/translation.h>
 
 #include "core/modLocalization.h"
 #include "ui/WxText.h"
 
 namespace ventlock {
+namespace {
+
+/// The folder of the book and the toolkit's own words go by small letters.
+std::string BookLanguage() {
+    return gsLanguage == "DE" ? "de" : "en";
+}
+
+/// The help window's own words; they stay English where the toolkit's translations are not installed.
+void TranslateToolkit(const std::string& language) {
+    auto translations = std::make_unique<wxTranslations>();
+    translations->SetLanguage(ToWx(language));
+    translations->AddStdCatalog();
+    wxTranslations::Set(translations.release());
+}
+
+}  // namespace
 
 bool WxHelp::Show(const std::string& file, int command) {
     if (command != kHelpContents) return false;
     if (!controller_) {
-        const wxString language = gsLanguage == "DE" ? "de" : "en";
-        const wxString book =
-            wxFileSystem::FileNameToURL(wxFileName(ToWx(file))) + "#zip:" + language + "/ventlock.hhp";
-        auto controller = std::make_unique<wxHtmlHelpController>(wxHF_DEFAULT_STYLE);
-        if (!controller->AddBook(book)) return false;
+        const wxLogNull silent;  // the caller logs
+        TranslateToolkit(BookLanguage());
+        auto controller = std::make_unique<wxHtmlHelpController>();
+        const wxString book = wxFileSystem::FileNameToURL(wxFileName(ToWx(file)));
+        if (!controller->AddBook(book + "#zip:" + ToWx(BookLanguage()) + "/ventlock.hhp")) return false;
         controller_ = std::move(controller);
     }
     return controller_->DisplayContents();

@@ -9,7 +9,6 @@
 #include "entry/WindowPlace.h"
 #include "ui/Busy.h"
 #include "ui/ProgramIcon.h"
-#include "ui/WxText.h"
 
 namespace ventlock {
 namespace {
