@@ -88,10 +88,14 @@ struct FakeHost final : Host {
     FakeAppInfo appInfo;
     FakeMessageBox console;
 
-    IRegistry& Registry() override { return registry; }
+    /// Where the program finds these two; a test may give others, or raise what a machine without them would.
+    std::function<IRegistry&()> findRegistry = [this]() -> IRegistry& { return registry; };
+    std::function<IClock&()> findClock = [this]() -> IClock& { return clock; };
+
+    IRegistry& Registry() override { return findRegistry(); }
     IFiles& Files() override { return real_->Files(); }
     IPaths& Paths() override { return paths; }
-    IClock& Clock() override { return clock; }
+    IClock& Clock() override { return findClock(); }
     ILocale& Locale() override { return locale; }
     IEventLog& EventLog() override { return eventLog; }
     IProcess& Processes() override { return processes; }

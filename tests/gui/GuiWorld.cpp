@@ -16,12 +16,24 @@ namespace ventlock::test {
 namespace fs = std::filesystem;
 
 GuiWorld::GuiWorld(DeviceSchema schema)
-    : database_(std::make_unique<SqliteDatabase>(schema)), events_(DispatchPendingEvents) {
+    : database_(std::make_unique<SqliteDatabase>(schema)), events_(MakeEvents()) {
     Furnish(database_->Dsn());
 }
 
-GuiWorld::GuiWorld(NoDatabase /*unused*/) : events_(DispatchPendingEvents) {
+GuiWorld::GuiWorld(NoDatabase /*unused*/) : events_(MakeEvents()) {
     Furnish("nobody_knows_this");
+}
+
+WindowEvents GuiWorld::MakeEvents() {
+    const auto dispatch = [this] {
+        if (whileYielding) whileYielding();
+        DispatchPendingEvents();
+    };
+    const auto now = [this] {
+        if (whileYielding) ahead_ += std::chrono::milliseconds(10);
+        return std::chrono::steady_clock::now() + ahead_;
+    };
+    return WindowEvents(dispatch, now);
 }
 
 void GuiWorld::Furnish(const std::string& dataSource) {
@@ -36,6 +48,7 @@ void GuiWorld::Furnish(const std::string& dataSource) {
     Put("INIPath", PyxPath());
     Put("DDInstallPath", DDInstallPath());
     createDictionary = [this] { return std::make_shared<TavDictionary>(host.Files()); };
+    createEngine = [this] { return CreateOdbcEngine(events_, timeLimits); };
 }
 
 GuiWorld::~GuiWorld() {
@@ -106,7 +119,6 @@ void GuiWorld::PutEntry() {
 
 frmMain& GuiWorld::Make() {
     Forget();
-    const auto createEngine = [this] { return CreateOdbcEngine(events_, timeLimits); };
     window_ =
         new frmMain({.host = host,
                      .profiles = *profiles_,

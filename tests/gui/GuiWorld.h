@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -83,13 +84,17 @@ class GuiWorld {
     FakeHelp help;
     StatementFailure failure;  ///< makes a statement fail
     std::function<std::shared_ptr<IDictionary>()> createDictionary;
+    EngineFactory createEngine;  ///< the real one unless a test wants another
     DatabaseTimeLimits timeLimits;
+    std::function<void()> whileYielding;  ///< once it is set, every yield dispatches and runs it first
 
  private:
+    WindowEvents MakeEvents();
     void Furnish(const std::string& dataSource);
 
     TempFolder folder_;
     std::unique_ptr<SqliteDatabase> database_;
+    std::chrono::milliseconds ahead_{0};  ///< of the yields' clock
     WindowEvents events_;
     StatementJournal journal_;
     std::size_t told_ = 0;
