@@ -12,7 +12,6 @@
 #include "db/ReferenceLists.h"
 #include "db/SchemaVersion.h"
 #include "entry/EntrySettings.h"
-#include "ui/Busy.h"
 #include "ui/frmMain.h"
 #include "ui/modMain.h"
 
@@ -27,20 +26,21 @@ constexpr int kHartRevision = 5;   // "05"
 }  // namespace
 
 void frmMain::Form_Load() {
-    StepLabel step;
-    const Busy busy(isBusy_);
-    try {
-        Load(step);
-    } catch (...) {
-        const RunTimeError error = CurrentError();
-        if (oAppObjects_.Contains(kLogKey)) {
-            ReportError(&oAppObjects_, "fMf_l", step, error);
-        } else {  // nobody else can be told
-            std::cerr << FormatErrorText("fMf_l", step.Text(), error.Description(),
-                                         static_cast<std::int32_t>(error.Number()))
-                      << '\n';
+    RunCommand([&] {
+        StepLabel step;
+        try {
+            Load(step);
+        } catch (...) {
+            const RunTimeError error = CurrentError();
+            if (oAppObjects_.Contains(kLogKey)) {
+                ReportError(&oAppObjects_, "fMf_l", step, error);
+            } else {  // nobody else can be told
+                std::cerr << FormatErrorText("fMf_l", step.Text(), error.Description(),
+                                             static_cast<std::int32_t>(error.Number()))
+                          << '\n';
+            }
         }
-    }
+    });
 }
 
 void frmMain::Load(StepLabel& step) {
