@@ -120,7 +120,7 @@ void frmMain::Form_Unload() {
 }
 
 void frmMain::OnClose(wxCloseEvent& event) {
-    if (isBusy_ || isUnloading_) {
+    if (event.CanVeto() && (isBusy_ || isUnloading_)) {
         isClosePending_ = true;
         event.Veto();
         return;

@@ -101,6 +101,27 @@ TEST(Stop, RunsOnceHoweverOftenTheWindowIsClosedMeanwhile) {
     ExpectKept(world, before);
 }
 
+TEST(Stop, OfAWindowThatIsClosedByForceAfterwardsChangesNothing) {
+    GuiWorld world;
+    frmMain& window = world.Start();
+    window.Close();
+    window.Close(true);
+    EXPECT_THAT(world.host.registry.sets, SizeIs(kStoredValues));
+}
+
+TEST(Stop, ByForceDoesNotWaitForTheCommandThatRuns) {
+    GuiWorld world;
+    world.PutEntry();
+    frmMain& window = world.Start();
+    window.Controls().txtMain[kManufacturerNameBox]->SetText("Best");
+    world.messages.whileShown = [&] { window.Close(true); };
+    window.mnuWriteINI_Click();
+    EXPECT_THAT(world.messages.Texts(), ElementsAre("The entry has been inserted."));
+    EXPECT_TRUE(gbTerminate);
+    EXPECT_THAT(world.host.registry.sets, SizeIs(kStoredValues));
+    EXPECT_EQ(world.Stored("ManName"), "Best");
+}
+
 TEST(Stop, SavesAlsoWhenTheGatherFailsAndTheWindowIsClosedUnderItsMessage) {
     GuiWorld world;
     world.PutEntry();
