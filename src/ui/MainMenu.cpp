@@ -41,7 +41,9 @@ MainMenu::MainMenu()
 
 void MainMenu::SetCaption(wxMenuItem& item, const std::string& caption) {
     const wxString shortcut = item.GetItemLabel().AfterFirst('\t');
-    item.SetItemLabel(shortcut.empty() ? ToWx(caption) : ToWx(caption) + '\t' + shortcut);
+    const wxString text =
+        caption.empty() ? wxString(" ") : ToWx(caption);  // the toolkit refuses an empty one
+    item.SetItemLabel(shortcut.empty() ? text : text + '\t' + shortcut);
 }
 
 }  // namespace ventlock
