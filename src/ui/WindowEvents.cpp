@@ -4,6 +4,8 @@
 
 #include <utility>
 
+#include "ui/Busy.h"
+
 namespace ventlock {
 namespace {
 
@@ -16,9 +18,10 @@ WindowEvents::WindowEvents(std::function<void()> dispatch, Clock now)
 
 void WindowEvents::Yield() {
     if (isDispatching_ || now_() - last_ < kBetweenDispatches) return;
-    isDispatching_ = true;
-    dispatch_();
-    isDispatching_ = false;
+    {
+        const Busy busy(isDispatching_);
+        dispatch_();
+    }
     last_ = now_();
 }
 
