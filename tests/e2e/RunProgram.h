@@ -30,6 +30,9 @@ class RunningProgram {
     RunningProgram(const RunningProgram&) = delete;
     RunningProgram& operator=(const RunningProgram&) = delete;
 
+    /// What it is known by to the system, until Wait has returned.
+    [[nodiscard]] int Process() const noexcept { return process_; }
+
     /// Reads both streams to their ends and waits for the program's end.
     ProgramResult Wait();
 
