@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${test_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${display_packages[@]}"
 
 mapfile -t sources < <(git ls-files --cached --others --exclude-standard 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h')
 echo "clang-format: ${#sources[@]} files"

@@ -2,6 +2,8 @@
 
 #include <wx/accel.h>
 
+#include <array>
+
 #include "core/clsLog.h"
 #include "core/modCommonTools.h"
 #include "core/modLocalization.h"
@@ -84,8 +86,7 @@ void frmMain::BindEvents() {
     onButton(controls_.cmdWriteDDInstall, &frmMain::mnuWriteDDInstall_Click);
     onButton(controls_.cmdClose, &frmMain::mnuExit_Click);
 
-    wxAcceleratorEntry help(wxACCEL_NORMAL, WXK_F1, menu_.mnuHelpContents->GetId());
-    SetAcceleratorTable(wxAcceleratorTable(1, &help));
+    BindKeys();
     controls_.txtMain[kDataSourceBox]->Box().Bind(wxEVT_TEXT_ENTER,
                                                   [this](wxCommandEvent&) { cmdSwitchDSN_Click(); });
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
@@ -93,6 +94,26 @@ void frmMain::BindEvents() {
         event.Skip();
         controls_.RefreshColours();
     });
+}
+
+// Keys that no menu shows. The toolkit turns the tabs' pages only while one of their fields has the focus.
+void frmMain::BindKeys() {
+    const wxWindowIDRef nextPage = NewControlId();
+    const wxWindowIDRef previousPage = NewControlId();
+    const std::array keys{
+        wxAcceleratorEntry(wxACCEL_NORMAL, WXK_F1, menu_.mnuHelpContents->GetId()),
+        wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEDOWN, nextPage),
+        wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEUP, previousPage),
+    };
+    SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(keys.size()), keys.data()));
+    const auto turn = [this](bool isForward) {
+        controls_.sstVentlock->AdvanceSelection(isForward);
+        controls_.sstVentlock->GetCurrentPage()->SetFocus();
+    };
+    Bind(
+        wxEVT_MENU, [turn](wxCommandEvent&) { turn(true); }, nextPage);
+    Bind(
+        wxEVT_MENU, [turn](wxCommandEvent&) { turn(false); }, previousPage);
 }
 
 void frmMain::txtMain_Change() {

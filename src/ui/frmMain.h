@@ -133,6 +133,7 @@ class frmMain final : public wxFrame {
  private:
     [[nodiscard]] FieldHandlers Handlers();
     void BindEvents();
+    void BindKeys();
     void txtMain_Change();
     void OnClose(wxCloseEvent& event);
     void Unload();

@@ -114,7 +114,7 @@ World::World() {
 }
 
 World::~World() {
-    const fs::path own = folder_ / "program";
+    const fs::path own = ProgramFolder();
     if (fs::exists(own)) fs::permissions(own, fs::perms::owner_all, fs::perm_options::add);
 }
 
@@ -131,9 +131,13 @@ std::string World::Listing() const {
 }
 
 ProgramCall World::Call(const std::vector<std::string>& arguments) const {
+    return Call(VENTLOCK_CLI, arguments);
+}
+
+ProgramCall World::Call(const std::string& program, const std::vector<std::string>& arguments) const {
     ProgramCall call;
     call.folder = Path("");
-    call.command = {VENTLOCK_CLI};
+    call.command = {program};
     call.command.insert(call.command.end(), arguments.begin(), arguments.end());
     call.environment = {"HOME=" + (folder_ / "home"),
                         "XDG_CONFIG_HOME=" + (folder_ / "config"),
@@ -158,7 +162,7 @@ ProgramResult World::Finished(const ProgramCall& call) const {
 
 ProgramResult World::RunAsOrdinaryUser(const std::vector<std::string>& arguments) {
     const fs::path program = VENTLOCK_CLI;
-    const fs::path own = folder_ / "program";
+    const fs::path own = ProgramFolder();
     if (!fs::exists(own)) {
         fs::create_directory(own);
         for (const char* const name : {"QorStandard.dct", "Ventlock.dct", "schema"}) {

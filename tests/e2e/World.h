@@ -43,6 +43,10 @@ class World {
     /// How the program is started with these arguments.
     [[nodiscard]] ProgramCall Call(const std::vector<std::string>& arguments) const;
 
+    /// How another program of the family is started; `program` is its path.
+    [[nodiscard]] ProgramCall Call(const std::string& program,
+                                   const std::vector<std::string>& arguments) const;
+
     /// Runs the program. This world's folder is "<world>" in both texts.
     ProgramResult Run(const std::vector<std::string>& arguments) const { return Finished(Call(arguments)); }
 
@@ -75,6 +79,7 @@ class World {
     [[nodiscard]] std::string DriverFile() const { return folder_ / "odbc/system/odbcinst.ini"; }
     [[nodiscard]] std::string StateFolder() const { return folder_ / "state/ventlock"; }
     [[nodiscard]] std::string ConfigurationFolder() const { return folder_ / "config/ventlock"; }
+    [[nodiscard]] std::string ProgramFolder() const { return folder_ / "program"; }
     [[nodiscard]] std::string SettingsStore() const { return folder_ / "registry.ini"; }
 
  private:

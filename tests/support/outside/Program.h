@@ -13,6 +13,9 @@ namespace ventlock::test {
 /// before; the nodes it has given are of no use then.
 class Program {
  public:
+    /// Starts it and waits for nothing: for one that shows something else before its window.
+    explicit Program(const ProgramCall& call);
+
     /// Starts it and waits for its window of this title. What it needs to appear on the display is added to
     /// the call's environment.
     Program(const ProgramCall& call, const std::string& title);
@@ -55,8 +58,6 @@ class Program {
     ProgramResult WaitForEnd() const;
 
  private:
-    explicit Program(const ProgramCall& call);
-
     /// Its windows, or how it has ended.
     [[nodiscard]] std::string Told() const;
 
