@@ -18,10 +18,8 @@ WindowEvents::WindowEvents(std::function<void()> dispatch, Clock now)
 
 void WindowEvents::Yield() {
     if (isDispatching_ || now_() - last_ < kBetweenDispatches) return;
-    {
-        const Busy busy(isDispatching_);
-        dispatch_();
-    }
+    const Busy dispatching(isDispatching_);
+    dispatch_();
     last_ = now_();
 }
 
