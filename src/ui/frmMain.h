@@ -146,6 +146,7 @@ class frmMain final : public wxFrame {
     void ShowCurrentSchemaFields(StepLabel& step);
     void FitContents();
 
+    void SwitchDataSource(StepLabel& step);
     void StoreDataSource(StepLabel& step);
     void ReloadReferenceLists();
 

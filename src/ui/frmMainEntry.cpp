@@ -142,25 +142,34 @@ bool frmMain::SelectVersions(const std::string& versions) {
 }
 
 void frmMain::cmdSwitchDSN_Click() {
-    RunCommand("fMsd", [&](StepLabel& step) {
+    RunCommand([&] {
         const wxBusyCursor busyCursor;
         ShowBusy();
-        const std::int16_t schemaBefore = schemaVersion_;
-        isConnected_ = false;
-        StoreDataSource(step);
-        step = "03";
-        records_.ReplaceTavDB();
-        step = "04";
-        SettingsToEntry();
-        step = "05";
-        isConnected_ = ConnectDatabase();
-        if (!isConnected_) oAppObjects_.Get<clsLog>(kLogKey).Log("Unable to connect to database.");
-        controls_.txtMain[kDataSourceBox]->SetText(oAppObjects_.Get<clsSettings>(kSettingsKey).DSN);
-        if (!isConnected_ || schemaVersion_ < kCurrentSchema) return;
-        step = "06";
-        ReloadReferenceLists();
-        if (schemaBefore < kCurrentSchema) ShowCurrentSchemaFields(step);  // never filled so far
+        Guarded(&oAppObjects_, "fMsd", false, [&](StepLabel& step) {
+            SwitchDataSource(step);
+            return true;
+        });
+        SetControlStates();  // whether it is connected decides what can be used
+        ShowConnection();
     });
+}
+
+void frmMain::SwitchDataSource(StepLabel& step) {
+    const std::int16_t schemaBefore = schemaVersion_;
+    isConnected_ = false;
+    StoreDataSource(step);
+    step = "03";
+    records_.ReplaceTavDB();
+    step = "04";
+    SettingsToEntry();
+    step = "05";
+    isConnected_ = ConnectDatabase();
+    if (!isConnected_) oAppObjects_.Get<clsLog>(kLogKey).Log("Unable to connect to database.");
+    controls_.txtMain[kDataSourceBox]->SetText(oAppObjects_.Get<clsSettings>(kSettingsKey).DSN);
+    if (!isConnected_ || schemaVersion_ < kCurrentSchema) return;
+    step = "06";
+    ReloadReferenceLists();
+    if (schemaBefore < kCurrentSchema) ShowCurrentSchemaFields(step);  // never filled so far
 }
 
 // When the file refuses the name, the one that it holds is read back and connected to; the field then shows
