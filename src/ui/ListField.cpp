@@ -88,7 +88,11 @@ void EditableList::TakePicked(int index) {
 void EditableList::Show(const std::string& text, int index) {
     text_ = text;  // before the toolkit speaks of it
     KeepIndex(index);
-    if (FromWx(combo_.GetValue()) != text) combo_.ChangeValue(ToWx(text));
+    if (index >= 0) {
+        combo_.SetSelection(index);  // the arrow keys go on from there
+    } else if (FromWx(combo_.GetValue()) != text) {
+        combo_.ChangeValue(ToWx(text));
+    }
 }
 
 void EditableList::Select(int index) {
