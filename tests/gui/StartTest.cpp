@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "gui/GuiWorld.h"
-#include "gui/Input.h"
 #include "ui/modMain.h"
 
 namespace ventlock::test {
@@ -48,18 +47,6 @@ TEST(Start, ShowsTheStoredEntry) {
     ASSERT_EQ(form.lstTAVVersionSupport.size(), 3u);
     EXPECT_TRUE(form.lstTAVVersionSupport[1].isSelected);
     EXPECT_FALSE(form.lstTAVVersionSupport[2].isSelected);
-}
-
-TEST(KeyFilter, MakesTypedLettersCapitalsAndSwallowsTheRest) {
-    GuiWorld world;
-    frmMain& window = world.Start();
-    window.Controls().sstVentlock->SetSelection(1);
-    wxTextCtrl& box = window.Controls().txtMain[kManufacturerIdBox]->Box();
-    ASSERT_TRUE(ReadyToType(box));
-    TypeText("1aF g-x");
-    WaitUntil("the typed text", [&] { return box.GetValue() == "1AF"; });
-    PressKey(WXK_BACK);
-    WaitUntil("Backspace", [&] { return box.GetValue() == "1A"; });
 }
 
 }  // namespace
