@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <wx/dialog.h>
+#include <wx/modalhook.h>
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 
@@ -23,6 +25,19 @@ namespace {
 using std::chrono::milliseconds;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+
+/// Lets no dialog open: each one is a failure and cancelled.
+class NoDialogs final : public wxModalDialogHook {
+ public:
+    NoDialogs() { Register(); }
+    ~NoDialogs() override { Unregister(); }
+
+ protected:
+    int Enter(wxDialog* dialog) override {
+        ADD_FAILURE() << "a dialog opened: " << dialog->GetTitle();
+        return wxID_CANCEL;
+    }
+};
 
 /// A command that shows a message in its middle; there the test's own work is done.
 class DuringACommand : public testing::Test {
@@ -47,6 +62,7 @@ class DuringACommand : public testing::Test {
 };
 
 TEST_F(DuringACommand, NoOtherCommandDoesAnything) {
+    const NoDialogs noDialogs;
     frmMain& window = world_.Window();
     const std::string manufacturer = window.Controls().txtMain[kManufacturerIdBox]->Text();
     Meanwhile([&] {
