@@ -149,8 +149,8 @@ void frmMain::cmdSwitchDSN_Click() {
             SwitchDataSource(step);
             return true;
         });
-        SetControlStates();  // whether it is connected decides what can be used
         ShowConnection();
+        SetControlStates();  // whether it is connected decides what can be used
     });
 }
 
