@@ -19,6 +19,14 @@ wxTextEntry* FocusedText() {
     return dynamic_cast<wxTextEntry*>(wxWindow::FindFocus());
 }
 
+/// The selected text. An editable list answers the toolkit's own question with an item of the list.
+std::string SelectedText(const wxTextEntry& text) {
+    long begin = 0;
+    long end = 0;
+    text.GetSelection(&begin, &end);
+    return FromWx(text.GetRange(begin, end));
+}
+
 /// A menu's caption as a dialog's title.
 wxString TitleOf(const wxMenuItem& item) {
     wxString title = item.GetItemLabelText();
@@ -77,7 +85,7 @@ void frmMain::ReportWritten(bool isWritten, const char* goodKey, const char* bad
 void frmMain::mnuCopy_Click() {
     RunCommand("fMcp", [&](StepLabel&) {
         const wxTextEntry* text = FocusedText();
-        if (text != nullptr) services_.clipboard.SetText(FromWx(text->GetStringSelection()));
+        if (text != nullptr) services_.clipboard.SetText(SelectedText(*text));
     });
 }
 
@@ -85,7 +93,7 @@ void frmMain::mnuCut_Click() {
     RunCommand("fMct", [&](StepLabel&) {
         wxTextEntry* text = FocusedText();
         if (text == nullptr) return;
-        services_.clipboard.SetText(FromWx(text->GetStringSelection()));
+        services_.clipboard.SetText(SelectedText(*text));
         text->RemoveSelection();
     });
 }
@@ -93,7 +101,10 @@ void frmMain::mnuCut_Click() {
 void frmMain::mnuPaste_Click() {
     RunCommand("fMpa", [&](StepLabel&) {
         wxTextEntry* text = FocusedText();
-        if (text != nullptr) text->WriteText(ToWx(services_.clipboard.Text()));
+        if (text == nullptr) return;
+        const wxString pasted = ToWx(services_.clipboard.Text());
+        text->RemoveSelection();  // also when nothing takes its place
+        text->WriteText(pasted);
     });
 }
 
