@@ -42,6 +42,9 @@ void FramePlace::Move(std::int16_t left, std::int16_t top) {
     wxPoint place(ToPixels(left), ToPixels(top));
     if (wxDisplay::GetFromPoint(place) == wxNOT_FOUND) place = wxDisplay(0u).GetClientArea().GetTopLeft();
     givenAt_ = restored_ = place;
+    // The toolkit does not move a frame to where it believes it to be, which is (0, 0) before the first Show:
+    // the window manager would then choose a place.
+    if (!frame_.IsShown() && frame_.GetPosition() == place) frame_.Move(place + wxPoint(1, 1));
     frame_.Move(place);
 }
 
