@@ -70,9 +70,11 @@ struct FakeFileDialog final : IFileDialog {
 struct FakeHelp final : IHelp {
     std::vector<std::pair<std::string, int>> shown;
     bool isMissing = false;
+    std::function<void()> whileShown;
 
     bool Show(const std::string& file, int command) override {
         shown.emplace_back(file, command);
+        if (whileShown) whileShown();
         return !isMissing;
     }
 };

@@ -1,0 +1,144 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/display.h>
+#include <wx/frame.h>
+
+#include "gui/GuiWorld.h"
+#include "gui/Input.h"
+
+namespace ventlock::test {
+namespace {
+
+/// Starts a window that is stored at a place in twips and waits until it stands at one in pixels.
+frmMain& StartAt(GuiWorld& world, const std::string& left, const std::string& top, wxPoint pixels) {
+    world.Put("WindowLeft", left);
+    world.Put("WindowTop", top);
+    frmMain& window = world.Start();
+    WaitUntil("the window's place", [&] { return window.IsActive() && window.GetPosition() == pixels; });
+    return window;
+}
+
+void MoveTo(frmMain& window, wxPoint place) {
+    window.Move(place);
+    WaitUntil("the move", [&] { return window.GetPosition() == place; });
+}
+
+std::string StoredPlace(GuiWorld& world) {
+    return world.Stored("WindowLeft") + ", " + world.Stored("WindowTop");
+}
+
+TEST(Place, IsTheStoredOneInTwips) {
+    GuiWorld world;
+    const frmMain& window = StartAt(world, "1500", "2250", {100, 150});
+    EXPECT_EQ(window.GetScreenPosition(), wxPoint(100, 150));
+}
+
+TEST(Place, IsTheCornerOfTheDisplayBeforeAnyIsStored) {
+    GuiWorld world;
+    frmMain& window = world.Start();
+    WaitUntil("the window's place",
+              [&] { return window.IsActive() && window.GetPosition() == wxPoint(0, 0); });
+    world.CloseAndForget();
+    EXPECT_EQ(StoredPlace(world), "0, 0");
+}
+
+TEST(Place, ThatNobodyChangedIsStoredToTheTwip) {
+    GuiWorld world;
+    StartAt(world, "1507", "2258", {100, 151});
+    world.CloseAndForget();
+    EXPECT_EQ(StoredPlace(world), "1507, 2258");
+}
+
+TEST(Place, ThatTheUserChoseIsStoredInTwips) {
+    GuiWorld world;
+    MoveTo(StartAt(world, "1500", "2250", {100, 150}), {301, 252});
+    world.CloseAndForget();
+    EXPECT_EQ(StoredPlace(world), "4515, 3780");
+}
+
+TEST(Place, DoesNotDriftFromStartToStart) {
+    GuiWorld world;
+    MoveTo(StartAt(world, "1500", "2250", {100, 150}), {301, 252});
+    for (int run = 0; run < 3; ++run) {
+        world.CloseAndForget();
+        ASSERT_EQ(StoredPlace(world), "4515, 3780") << run;
+        frmMain& window = world.Start();
+        WaitUntil("the place",
+                  [&] { return window.IsActive() && window.GetPosition() == wxPoint(301, 252); });
+    }
+}
+
+TEST(Place, OfAMinimisedWindowIsTheRestoredOne) {
+    GuiWorld world;
+    world.PutEntry();
+    frmMain& window = StartAt(world, "1500", "2250", {100, 150});
+    MoveTo(window, {301, 252});
+    window.Controls().txtMain[kManufacturerNameBox]->SetText("typed");
+    window.Iconize();
+    WaitUntil("the window to be minimised", [&] { return window.IsIconized(); });
+    world.CloseAndForget();
+    EXPECT_EQ(StoredPlace(world), "4515, 3780");
+    EXPECT_EQ(world.Stored("ManName"), "typed") << "the entry is saved all the same";
+}
+
+TEST(Place, OfAMaximisedWindowIsTheRestoredOne) {
+    GuiWorld world;
+    frmMain& window = StartAt(world, "1500", "2250", {100, 150});
+    window.Maximize();
+    WaitUntil("the window to be maximised",
+              [&] { return window.IsMaximized() && window.GetPosition() != wxPoint(100, 150); });
+    world.CloseAndForget();
+    EXPECT_EQ(StoredPlace(world), "1500, 2250");
+}
+
+TEST(Place, IsNotAppliedToAMaximisedWindow) {
+    GuiWorld world;
+    frmMain& window = StartAt(world, "1500", "2250", {100, 150});
+    window.Maximize();
+    WaitUntil("the window to be maximised",
+              [&] { return window.IsMaximized() && window.GetPosition() != wxPoint(100, 150); });
+    const wxPoint maximised = window.GetPosition();
+    window.cmdSwitchDSN_Click();
+    Pump();
+    EXPECT_TRUE(window.IsMaximized());
+    EXPECT_EQ(window.GetPosition(), maximised);
+}
+
+struct FarPlace {
+    const char* left;
+    const char* top;
+};
+
+void PrintTo(const FarPlace& place, std::ostream* out) {
+    *out << place.left << ", " << place.top;
+}
+
+class OffEveryDisplay : public testing::TestWithParam<FarPlace> {};
+
+TEST_P(OffEveryDisplay, StaysStoredAndTheWindowCanBeSeen) {
+    GuiWorld world;
+    const wxPoint shownAt = wxDisplay(0u).GetClientArea().GetTopLeft();
+    const frmMain& window = StartAt(world, GetParam().left, GetParam().top, shownAt);
+    EXPECT_TRUE(window.IsShown());
+    EXPECT_EQ(wxDisplay::GetFromPoint(window.GetPosition()), 0);
+    world.CloseAndForget();
+    EXPECT_EQ(StoredPlace(world), std::string(GetParam().left) + ", " + GetParam().top);
+}
+
+INSTANTIATE_TEST_SUITE_P(Places, OffEveryDisplay,
+                         testing::Values(FarPlace{"32767", "32767"}, FarPlace{"-32768", "-32768"},
+                                         FarPlace{"-3000", "1500"}, FarPlace{"1500", "20000"}));
+
+TEST(Place, BeyondWhatCanBeStoredIsTheNearestThatCan) {
+    wxFrame frame(nullptr, wxID_ANY, "far", wxPoint(0, 0));
+    FramePlace place(frame);
+    frame.Show();
+    WaitUntil("the frame", [&] { return frame.IsActive(); });
+    frame.Move(5000, -4000);
+    WaitUntil("the move", [&] { return frame.GetPosition() == wxPoint(5000, -4000); });
+    EXPECT_EQ(place.Left(), 32767);
+    EXPECT_EQ(place.Top(), -32768);
+}
+
+}  // namespace
+}  // namespace ventlock::test
