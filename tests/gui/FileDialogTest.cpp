@@ -69,13 +69,25 @@ TEST_F(FileDialog, OpensWithAStartThatLeadsNowhere) {
     }
 }
 
-TEST_F(FileDialog, AsksForAnExistingFileWhereOneIsNeeded) {
+// A slash opens the platform's field for a path.
+TEST_F(FileDialog, TakesAnExistingFileWhereOneIsNeeded) {
     question_.flags = kHideReadOnly | kFileMustExist;
-    Ask([](wxFileDialog& dialog) {
-        EXPECT_TRUE(dialog.HasFlag(wxFD_OPEN));
-        EXPECT_TRUE(dialog.HasFlag(wxFD_FILE_MUST_EXIST));
-        PressKey(WXK_ESCAPE);
-    });
+    EXPECT_EQ(Ask([this](wxFileDialog&) {
+                  TypeText(folder_ / "Pyx.ini");
+                  PressKey(WXK_RETURN);
+              }),
+              folder_ / "Pyx.ini");
+}
+
+TEST_F(FileDialog, RefusesAMissingFileWhereOneIsNeeded) {
+    question_.flags = kHideReadOnly | kFileMustExist;
+    EXPECT_EQ(Ask([this](wxFileDialog&) {
+                  TypeText(folder_ / "Missing.ini");
+                  PressKey(WXK_RETURN);
+                  PressKey(WXK_ESCAPE);
+                  PressKey(WXK_ESCAPE);
+              }),
+              "");
 }
 
 }  // namespace
