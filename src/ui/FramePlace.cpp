@@ -10,8 +10,9 @@ FramePlace::FramePlace(wxTopLevelWindow& frame)
     : frame_(frame), restored_(frame.GetPosition()), givenAt_(restored_) {
     frame_.Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
         event.Skip();
-        TakePosition();
+        if (isSettled_) TakePosition();
     });
+    frame_.Bind(wxEVT_ACTIVATE, &FramePlace::TakePositionOnceActive, this);
 }
 
 bool FramePlace::IsRestored() const {
@@ -20,6 +21,15 @@ bool FramePlace::IsRestored() const {
 
 void FramePlace::TakePosition() {
     if (frame_.IsShown() && IsRestored()) restored_ = frame_.GetPosition();
+}
+
+// While the window manager puts its border around a new frame, positions are told that are none: they do not
+// count until the frame becomes active.
+void FramePlace::TakePositionOnceActive(wxActivateEvent& event) {
+    event.Skip();
+    if (!event.GetActive()) return;
+    isSettled_ = true;
+    TakePosition();
 }
 
 // A frame that nobody has moved keeps the place it was given to the twip, also one that had to be shown

@@ -27,11 +27,13 @@ class FramePlace final : public IWindowPlace {
     [[nodiscard]] bool IsRestored() const;
     [[nodiscard]] Twips Current() const;
     void TakePosition();
+    void TakePositionOnceActive(wxActivateEvent& event);
 
     wxTopLevelWindow& frame_;
     wxPoint restored_;  ///< last position that was neither minimised nor maximised
     Twips given_;       ///< by the last Move
     wxPoint givenAt_;   ///< where the frame was put for it
+    bool isSettled_ = false;
 };
 
 }  // namespace ventlock
