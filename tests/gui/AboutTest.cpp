@@ -57,8 +57,8 @@ TEST(About, StandsInTheMiddleOfItsParent) {
     const frmAbout about(&window, world.host, world.messages);
     const wxRect parent = window.GetScreenRect();
     const wxRect box = about.GetScreenRect();
-    EXPECT_EQ(box.x, parent.x + (parent.width - box.width) / 2);
-    EXPECT_EQ(box.y, parent.y + (parent.height - box.height) / 2);
+    EXPECT_EQ(box.x, parent.x + parent.width / 2 - box.width / 2);
+    EXPECT_EQ(box.y, parent.y + parent.height / 2 - box.height / 2);
 }
 
 class ShownAbout : public testing::Test {

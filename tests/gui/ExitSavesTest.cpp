@@ -54,10 +54,9 @@ TEST(ExitSaves, APositionBeyondTheStoredRangeAsTheFarthestOne) {
     GuiWorld world;
     world.PutEntry();
     frmMain& window = world.Start();
-    // As on a wider screen; the window manager of a narrow one would take the window back.
+    WaitUntil("the window to be active", [&] { return window.IsActive(); });
     window.Move(2300, 100);
-    wxMoveEvent moved(wxPoint(2300, 100), window.GetId());
-    window.ProcessWindowEvent(moved);
+    WaitUntil("the move", [&] { return window.GetPosition() == wxPoint(2300, 100); });
     window.Controls().txtMain[kManufacturerNameBox]->SetText("Best");
     window.Close();
     EXPECT_EQ(world.Stored("WindowLeft"), "32767");

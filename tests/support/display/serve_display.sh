@@ -72,7 +72,7 @@ done
 # The server itself takes the first display that is free, so that several can start at once.
 mkfifo "$world/number"
 exec 4<>"$world/number"
-serve Xvfb -displayfd 4 -screen 0 1280x1024x24 -nolisten tcp -noreset
+serve Xvfb -displayfd 4 -screen 0 2560x1200x24 -nolisten tcp -noreset
 read -r -t 60 -u 4 number || give_up "Xvfb does not come up: $(tail -n 3 "$world/log" | tr '\n' ' ')"
 exec 4>&-
 export DISPLAY=:$number
