@@ -302,6 +302,8 @@ void Node::Pick(const std::string& item) const {
     Await("picking \"" + item + "\"", [&](const Accessible& thing) {
         const Accessible wanted = picked.Now();
         if (!opened) {
+            // A menu that opens before its window has become the active one is closed again by that.
+            if (!WindowOf(thing).Is(ATSPI_STATE_ACTIVE)) return false;
             opened = true;
             ComboBoxOf(thing).value_or(thing).Do(0);
         }
@@ -347,7 +349,8 @@ void Node::SetSelected(const std::string& item, bool selected) const {
 
 void Node::Focus() const {
     Await("giving it the keyboard", [](const Accessible& thing) {
-        if (!WindowOf(thing).Is(ATSPI_STATE_ACTIVE)) return false;
+        // What is hidden would take the keyboard too, and the keys would be lost.
+        if (!thing.Is(ATSPI_STATE_SHOWING) || !WindowOf(thing).Is(ATSPI_STATE_ACTIVE)) return false;
         if (IsWindow(thing) || thing.Is(ATSPI_STATE_FOCUSED)) return true;
         thing.GrabFocus();
         return false;

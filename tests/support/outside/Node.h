@@ -94,9 +94,9 @@ class Node {
     /// Deselects an item of a list box of many selections.
     void Deselect(const std::string& item) const;
 
-    /// Waits until its window is the active one and gives it the keyboard. A text field that gets it so has
-    /// all its text selected. A combo box that cannot be typed in neither takes it nor tells whether it has
-    /// it.
+    /// Waits until it is shown and its window is the active one, and gives it the keyboard. A text field that
+    /// gets it so has all its text selected. A combo box that cannot be typed in neither takes it nor tells
+    /// whether it has it.
     void Focus() const;
 
     /// Real keys, see Keyboard, after Focus(). For a window they go to whatever in it has the keyboard. They
