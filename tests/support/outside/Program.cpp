@@ -69,6 +69,10 @@ std::string Program::Told() const {
     }
 }
 
+void Program::AskToEnd() const {
+    kill(process_, SIGTERM);
+}
+
 bool Program::HasEnded() const {
     return result_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }

@@ -52,6 +52,9 @@ class Program {
     /// the dialog has gone.
     void ChooseFile(const std::string& title, const std::string& path) const;
 
+    /// Wishes that it end, as the host does when its session ends.
+    void AskToEnd() const;
+
     [[nodiscard]] bool HasEnded() const;
 
     /// Waits until the program, which has been told to, has ended.

@@ -132,9 +132,9 @@ TEST(FailedTest, LeavesAPictureOfTheDisplay) {
                         folder));
     EXPECT_EQ(result.exitCode, 1) << result.err;
     EXPECT_THAT(result.out, testing::HasSubstr("\nscreenshot: " + picture + "\n"));
-    // The size of a PNG picture stands behind its signature and the name of its first chunk: 1280 by 1024.
+    // The size of a PNG picture stands behind its signature and the name of its first chunk: 2560 by 1200.
     EXPECT_EQ(ReadBytes(picture).substr(0, 24),
-              std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\5\0\0\0\4\0", 24));
+              std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x0A\0\0\0\x04\xB0", 24));
 }
 
 }  // namespace
