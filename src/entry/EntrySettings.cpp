@@ -1,5 +1,8 @@
 #include "entry/EntrySettings.h"
 
+#include <array>
+#include <utility>
+
 #include "core/Guarded.h"
 #include "core/clsSettings.h"
 #include "core/modLocalization.h"
@@ -7,44 +10,38 @@
 namespace ventlock {
 namespace {
 
-void ToManufacturer(const clsSettings& settings, clsManufacturer& manufacturer) {
-    manufacturer.ManID = settings.ManID;
-    manufacturer.Name = settings.ManName;
-    manufacturer.Desc = settings.ManDesc;
-    manufacturer.ProtID = settings.ProtID;
+/// A setting and the field of a record that it is kept in; the copy takes both ways.
+template <class Record>
+using SettingField = std::pair<std::string clsSettings::*, std::string Record::*>;
+
+constexpr auto kManufacturerFields = std::to_array<SettingField<clsManufacturer>>({
+    {&clsSettings::ManID, &clsManufacturer::ManID},
+    {&clsSettings::ManName, &clsManufacturer::Name},
+    {&clsSettings::ManDesc, &clsManufacturer::Desc},
+    {&clsSettings::ProtID, &clsManufacturer::ProtID},
+});
+
+constexpr auto kDeviceFields = std::to_array<SettingField<clsDevice>>({
+    {&clsSettings::DevID, &clsDevice::DevID},
+    {&clsSettings::DevName, &clsDevice::DevName},
+    {&clsSettings::DevDesc, &clsDevice::DevDesc},
+    {&clsSettings::DevRev, &clsDevice::DevRev},
+    {&clsSettings::DDRev, &clsDevice::DDRev},
+    {&clsSettings::ProtRev, &clsDevice::ProtRev},
+    {&clsSettings::RevName, &clsDevice::RevName},
+    {&clsSettings::RevDesc, &clsDevice::RevDesc},
+    {&clsSettings::DevCatID, &clsDevice::MajCatID},
+    {&clsSettings::DevMinCatID, &clsDevice::MinCatID},
+});
+
+template <class Fields, class Record>
+void Load(const Fields& fields, const clsSettings& settings, Record& record) {
+    for (const auto& [setting, field] : fields) record.*field = settings.*setting;
 }
 
-void ToDevice(const clsSettings& settings, clsDevice& device) {
-    device.DevID = settings.DevID;
-    device.DevName = settings.DevName;
-    device.DevDesc = settings.DevDesc;
-    device.DevRev = settings.DevRev;
-    device.DDRev = settings.DDRev;
-    device.ProtRev = settings.ProtRev;
-    device.RevName = settings.RevName;
-    device.RevDesc = settings.RevDesc;
-    device.MajCatID = settings.DevCatID;
-    device.MinCatID = settings.DevMinCatID;
-}
-
-void FromManufacturer(const clsManufacturer& manufacturer, clsSettings& settings) {
-    settings.ManID = manufacturer.ManID;
-    settings.ManName = manufacturer.Name;
-    settings.ManDesc = manufacturer.Desc;
-    settings.ProtID = manufacturer.ProtID;
-}
-
-void FromDevice(const clsDevice& device, clsSettings& settings) {
-    settings.DevID = device.DevID;
-    settings.DevName = device.DevName;
-    settings.DevDesc = device.DevDesc;
-    settings.DevRev = device.DevRev;
-    settings.DDRev = device.DDRev;
-    settings.ProtRev = device.ProtRev;
-    settings.RevName = device.RevName;
-    settings.RevDesc = device.RevDesc;
-    settings.DevCatID = device.MajCatID;
-    settings.DevMinCatID = device.MinCatID;
+template <class Fields, class Record>
+void Store(const Fields& fields, const Record& record, clsSettings& settings) {
+    for (const auto& [setting, field] : fields) settings.*setting = record.*field;
 }
 
 }  // namespace
@@ -60,12 +57,12 @@ bool SettingsToEntry(const AppObjects& oAppObjects, EntryRecords& records, IWind
         clsPyxConfig& pyxConfig = records.PyxConfig();
         tavDB.DBPath = settings.DBPath;
         place.Move(settings.WindowLeft, settings.WindowTop);
-        ToManufacturer(settings, tavDB.Manufacturer());
+        Load(kManufacturerFields, settings, tavDB.Manufacturer());
         ddInstall.Template = settings.MRGPath;
         ddInstall.DeviceDLL = pyxConfig.DeviceDLL = settings.DLLName;
         ddInstall.DeviceHelp = pyxConfig.DeviceHelp = settings.DevHelp;
         ddInstall.BlockHelp = pyxConfig.BlockHelp = settings.BlkHelp;
-        ToDevice(settings, tavDB.Device());
+        Load(kDeviceFields, settings, tavDB.Device());
         ddInstall.IniPath = settings.DDInstallPath;
         pyxConfig.IniPath = settings.INIPath;
         ddInstall.DDVersion = settings.DDVersion();
@@ -82,8 +79,8 @@ bool EntryToSettings(const AppObjects& oAppObjects, EntryRecords& records, const
         const clsDDInstall& ddInstall = records.DDInstall();
         settings.WindowLeft = place.Left();
         settings.WindowTop = place.Top();
-        FromManufacturer(records.TavDB().Manufacturer(), settings);
-        FromDevice(records.TavDB().Device(), settings);
+        Store(kManufacturerFields, records.TavDB().Manufacturer(), settings);
+        Store(kDeviceFields, records.TavDB().Device(), settings);
         settings.DLLName = ddInstall.DeviceDLL;
         settings.MRGPath = ddInstall.Template;
         settings.DevHelp = ddInstall.DeviceHelp;
