@@ -25,8 +25,11 @@ VentlockApp::~VentlockApp() = default;
 bool VentlockApp::OnInit() {
     if (!wxApp::OnInit()) return false;
     WatchQuitRequests();
-    wxFileSystem::AddHandler(std::make_unique<wxArchiveFSHandler>().release());  // it keeps the handler
+    // The file system keeps the handler.
+    // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
+    wxFileSystem::AddHandler(new wxArchiveFSHandler);
     SetExitOnFrameDelete(false);
+    // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
     host_ = CreateHost("ventlock");
     messages_ = std::make_unique<WindowMessages>(host_->AppInfo(), help_);
     files_ = std::make_unique<RelativeFiles>(host_->Files(), host_->Paths(), host_->Paths().ProgramFolder());
