@@ -99,15 +99,13 @@ void frmMain::BindEvents() {
 // Keys that no menu shows, and those of the clipboard, which one port of the toolkit gives to a text field
 // first. The toolkit turns the tabs' pages only while one of their fields has the focus.
 void frmMain::BindKeys() {
-    const wxWindowIDRef nextPage = NewControlId();
-    const wxWindowIDRef previousPage = NewControlId();
     const std::array keys{
         wxAcceleratorEntry(wxACCEL_NORMAL, WXK_F1, menu_.mnuHelpContents->GetId()),
         wxAcceleratorEntry(wxACCEL_CTRL, 'X', menu_.mnuCut->GetId()),
         wxAcceleratorEntry(wxACCEL_CTRL, 'C', menu_.mnuCopy->GetId()),
         wxAcceleratorEntry(wxACCEL_CTRL, 'V', menu_.mnuPaste->GetId()),
-        wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEDOWN, nextPage),
-        wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEUP, previousPage),
+        wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEDOWN, nextPageId_),
+        wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEUP, previousPageId_),
     };
     SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(keys.size()), keys.data()));
     const auto turn = [this](bool isForward) {
@@ -115,9 +113,9 @@ void frmMain::BindKeys() {
         controls_.sstVentlock->GetCurrentPage()->SetFocus();
     };
     Bind(
-        wxEVT_MENU, [turn](wxCommandEvent&) { turn(true); }, nextPage);
+        wxEVT_MENU, [turn](wxCommandEvent&) { turn(true); }, nextPageId_);
     Bind(
-        wxEVT_MENU, [turn](wxCommandEvent&) { turn(false); }, previousPage);
+        wxEVT_MENU, [turn](wxCommandEvent&) { turn(false); }, previousPageId_);
 }
 
 void frmMain::txtMain_Change() {

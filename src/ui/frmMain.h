@@ -170,6 +170,9 @@ class frmMain final : public wxFrame {
     wxScrolledWindow* contents_;
     MainControls controls_;
     FramePlace place_;
+    wxWindowIDRef nextPageId_ =
+        NewControlId();  ///< of keys; nobody else is given them as long as they are held
+    wxWindowIDRef previousPageId_ = NewControlId();
 
     AppObjects oAppObjects_;
     EntryRecords records_;
