@@ -23,6 +23,14 @@ void MoveTo(frmMain& window, wxPoint place) {
     WaitUntil("the move", [&] { return window.GetPosition() == place; });
 }
 
+/// The window manager gets there in steps: what counts is that the window covers the display.
+void Maximise(frmMain& window) {
+    window.Maximize();
+    const wxRect display = wxDisplay(0u).GetClientArea().Deflate(8);
+    WaitUntil("the window to be maximised",
+              [&] { return window.IsMaximized() && window.GetScreenRect().Contains(display); });
+}
+
 std::string StoredPlace(GuiWorld& world) {
     return world.Stored("WindowLeft") + ", " + world.Stored("WindowTop");
 }
@@ -84,9 +92,7 @@ TEST(Place, OfAMinimisedWindowIsTheRestoredOne) {
 TEST(Place, OfAMaximisedWindowIsTheRestoredOne) {
     GuiWorld world;
     frmMain& window = StartAt(world, "1500", "2250", {100, 150});
-    window.Maximize();
-    WaitUntil("the window to be maximised",
-              [&] { return window.IsMaximized() && window.GetPosition() != wxPoint(100, 150); });
+    Maximise(window);
     world.CloseAndForget();
     EXPECT_EQ(StoredPlace(world), "1500, 2250");
 }
@@ -94,9 +100,7 @@ TEST(Place, OfAMaximisedWindowIsTheRestoredOne) {
 TEST(Place, IsNotAppliedToAMaximisedWindow) {
     GuiWorld world;
     frmMain& window = StartAt(world, "1500", "2250", {100, 150});
-    window.Maximize();
-    WaitUntil("the window to be maximised",
-              [&] { return window.IsMaximized() && window.GetPosition() != wxPoint(100, 150); });
+    Maximise(window);
     const wxPoint maximised = window.GetPosition();
     window.cmdSwitchDSN_Click();
     Pump();
