@@ -1,3 +1,10 @@
+# The folder of an implementation for the host that the programs are built for.
+if(WIN32)
+    set(VENTLOCK_HOST win32)
+else()
+    set(VENTLOCK_HOST posix)
+endif()
+
 # One place for the flags that every target of the project is built with.
 
 option(VENTLOCK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
@@ -10,6 +17,10 @@ target_compile_options(ventlock_flags INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 takes "text" + std::string for an overlapping copy once it is inlined.
     target_compile_options(ventlock_flags INTERFACE -Wno-restrict)
+endif()
+if(WIN32)
+    # The system's headers as of Windows 10, without their rarely used parts and their macros "min" and "max".
+    target_compile_definitions(ventlock_flags INTERFACE _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
 endif()
 if(VENTLOCK_SANITIZE)
     target_compile_options(ventlock_flags INTERFACE

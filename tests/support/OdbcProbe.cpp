@@ -1,8 +1,6 @@
 #include "support/OdbcProbe.h"
 
 #include <gtest/gtest.h>
-#include <sql.h>
-#include <sqlext.h>
 
 #include <algorithm>
 #include <array>
@@ -10,6 +8,7 @@
 #include <sstream>
 #include <vector>
 
+#include "OdbcApi.h"
 #include "base/Utf.h"
 #include "support/TempFolder.h"
 

@@ -1,14 +1,12 @@
 #pragma once
 
-#include <sql.h>
-#include <sqlext.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "OdbcApi.h"
 #include "platform/odbc/Wide.h"
 
 namespace ventlock::odbc {

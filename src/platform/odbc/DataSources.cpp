@@ -1,13 +1,11 @@
 #include "platform/odbc/DataSources.h"
 
-#include <sql.h>
-#include <sqlext.h>
-
 #include <array>
 #include <optional>
 #include <string_view>
 #include <utility>
 
+#include "OdbcApi.h"
 #include "base/RunTimeError.h"
 #include "platform/Casing.h"
 #include "platform/odbc/Diagnostics.h"

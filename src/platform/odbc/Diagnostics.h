@@ -1,10 +1,9 @@
 #pragma once
 
-#include <sql.h>
-
 #include <string>
 #include <vector>
 
+#include "OdbcApi.h"
 #include "platform/odbc/Calls.h"
 
 namespace ventlock::odbc {

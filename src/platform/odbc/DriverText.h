@@ -1,7 +1,6 @@
 #pragma once
 
-#include <sql.h>
-
+#include "OdbcApi.h"
 #include "platform/odbc/Calls.h"
 
 namespace ventlock::odbc {

@@ -1,7 +1,6 @@
 #include "platform/odbc/Environment.h"
 
-#include <sqlext.h>
-
+#include "OdbcApi.h"
 #include "base/RunTimeError.h"
 #include "platform/odbc/Wide.h"
 

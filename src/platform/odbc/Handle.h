@@ -1,8 +1,8 @@
 #pragma once
 
-#include <sql.h>
-
 #include <utility>
+
+#include "OdbcApi.h"
 
 namespace ventlock::odbc {
 

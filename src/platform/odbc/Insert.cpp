@@ -1,12 +1,11 @@
 #include "platform/odbc/Insert.h"
 
-#include <sqlext.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <string>
 #include <variant>
 
+#include "OdbcApi.h"
 #include "platform/InsertStatement.h"
 #include "platform/odbc/Calls.h"
 

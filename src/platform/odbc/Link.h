@@ -1,7 +1,5 @@
 #pragma once
 
-#include <sql.h>
-
 #include <atomic>
 #include <chrono>
 #include <memory>
@@ -9,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "OdbcApi.h"
 #include "base/RunTimeError.h"
 #include "platform/Database.h"
 #include "platform/odbc/Calls.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <sql.h>
-
 #include <algorithm>
 #include <chrono>
+
+#include "OdbcApi.h"
 
 namespace ventlock::odbc {
 

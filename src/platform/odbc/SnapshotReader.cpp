@@ -1,8 +1,5 @@
 #include "platform/odbc/SnapshotReader.h"
 
-#include <sql.h>
-#include <sqlext.h>
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -11,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "OdbcApi.h"
 #include "platform/odbc/Calls.h"
 
 namespace ventlock::odbc {

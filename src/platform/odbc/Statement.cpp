@@ -1,7 +1,6 @@
 #include "platform/odbc/Statement.h"
 
-#include <sqlext.h>
-
+#include "OdbcApi.h"
 #include "platform/odbc/Seconds.h"
 #include "platform/odbc/Wide.h"
 

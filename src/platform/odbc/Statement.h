@@ -1,11 +1,10 @@
 #pragma once
 
-#include <sql.h>
-
 #include <chrono>
 #include <mutex>
 #include <string_view>
 
+#include "OdbcApi.h"
 #include "platform/odbc/Handle.h"
 #include "platform/odbc/Link.h"
 

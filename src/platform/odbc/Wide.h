@@ -1,12 +1,11 @@
 #pragma once
 
-#include <sql.h>
-#include <sqlext.h>
-
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "OdbcApi.h"
 
 namespace ventlock::odbc {
 

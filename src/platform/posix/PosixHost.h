@@ -4,13 +4,13 @@
 
 #include "platform/Host.h"
 #include "platform/ProgramInfo.h"
+#include "platform/StderrMessageBox.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixEventLog.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixLocale.h"
 #include "platform/posix/PosixPaths.h"
 #include "platform/posix/PosixProcess.h"
-#include "platform/posix/StderrMessageBox.h"
 #include "platform/posix/StoreFileRegistry.h"
 
 namespace ventlock {

@@ -19,10 +19,10 @@
 #include <vector>
 
 #include "platform/Host.h"
+#include "platform/StderrMessageBox.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixEventLog.h"
 #include "platform/posix/PosixProcess.h"
-#include "platform/posix/StderrMessageBox.h"
 #include "support/Fakes.h"
 #include "support/TempFolder.h"
 #include "unit/platform/posix/ProcessState.h"

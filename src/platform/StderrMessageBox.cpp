@@ -1,4 +1,4 @@
-#include "platform/posix/StderrMessageBox.h"
+#include "platform/StderrMessageBox.h"
 
 #include <iostream>
 

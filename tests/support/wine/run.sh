@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# run.sh <program.exe> [argument]...
+# Runs a Windows program under Wine, with a driver manager's folder of its own: the SQLite driver is known there, no data
+# source is. The prefix is WINEPREFIX; one that is not there is made. The exit code is the program's.
+set -euo pipefail
+
+: "${WINEPREFIX:?names the folder of Wine's prefix}"
+export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
+if [ ! -e "$WINEPREFIX/system.reg" ]; then
+    mkdir -p "$WINEPREFIX"
+    DISPLAY="" wineboot --init >/dev/null
+    wineserver --wait
+fi
+
+if [ -z "${VENTLOCK_TEST_ODBC:-}" ]; then
+    VENTLOCK_TEST_ODBC=$(mktemp -d)
+    trap 'rm -rf "$VENTLOCK_TEST_ODBC"' EXIT
+    export VENTLOCK_TEST_ODBC
+    mkdir "$VENTLOCK_TEST_ODBC/system"
+    driver=$(ls -d /usr/lib/*/odbc/libsqlite3odbc.so | head -n 1)
+    printf '[SQLite3]\nDescription=SQLite 3\nDriver=%s\n' "$driver" >"$VENTLOCK_TEST_ODBC/system/odbcinst.ini"
+    touch "$VENTLOCK_TEST_ODBC/odbc.ini" "$VENTLOCK_TEST_ODBC/system/odbc.ini"
+    export ODBCINI=$VENTLOCK_TEST_ODBC/odbc.ini ODBCSYSINI=$VENTLOCK_TEST_ODBC/system
+fi
+wine "$@"
