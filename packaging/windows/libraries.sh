@@ -39,8 +39,7 @@ version_of() {
 }
 wx_version=$(version_of libwxgtk3.2-dev)
 key=$({
-    sed 1d "$0"
-    echo "$wx_version"
+    echo "$wx_version ${wx_options[*]}"
     "$target-g++-posix" --version | head -n 1
     dpkg-query -W -f '${Version} ' googletest "${header_packages[@]}" libz-mingw-w64-dev
 } | sha256sum | cut -c1-12)
@@ -99,8 +98,8 @@ mkdir "$work/wx"
 )
 
 echo "Building GoogleTest for $target" >&2
-run cmake -G Ninja -S /usr/src/googletest -B "$work/googletest" -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
-    -DCMAKE_CXX_COMPILER="$target-g++-posix" -DCMAKE_INSTALL_PREFIX="$folder" -DCMAKE_FIND_ROOT_PATH="$folder"
+run cmake -G Ninja -S /usr/src/googletest -B "$work/googletest" -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_BUILD_TYPE=Release \
+    -DCMAKE_C_COMPILER="$target-gcc-posix" -DCMAKE_CXX_COMPILER="$target-g++-posix" -DCMAKE_INSTALL_PREFIX="$folder"
 run cmake --build "$work/googletest"
 run cmake --install "$work/googletest"
 
