@@ -91,6 +91,15 @@ std::vector<std::string> GuiWorld::AllStored() {
     return all;
 }
 
+void GuiWorld::ExpectKept(const std::vector<std::string>& before) {
+    for (const std::string& stored : before) {
+        const std::string name = stored.substr(0, stored.find('='));
+        if (!stored.ends_with("=(none)")) {
+            EXPECT_EQ(name + "=" + Stored(name), stored);
+        }
+    }
+}
+
 void GuiWorld::PutEntry() {
     const std::pair<const char*, const char*> entry[] = {
         {"ManID", "26"},

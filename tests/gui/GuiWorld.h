@@ -43,6 +43,9 @@ class GuiWorld {
     /// All settings that the registry holds, "name=value" each, in a fixed order.
     std::vector<std::string> AllStored();
 
+    /// Everything that AllStored() gave before is stored as it was; what was not, may be.
+    void ExpectKept(const std::vector<std::string>& before);
+
     /// A fully filled entry in the registry, which the window shows when it starts: manufacturer 26 "Acme",
     /// type 0A "Flow", revision 01, protocol and categories by id, versions 5.0 and 6.0 of 5.0, 6.0 and 7.0.
     void PutEntry();

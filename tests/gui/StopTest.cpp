@@ -5,12 +5,12 @@
 #include <wx/dialog.h>
 #include <wx/modalhook.h>
 
-#include <string_view>
+#include <string>
+#include <vector>
 
 #include "gui/GuiWorld.h"
 #include "gui/Input.h"
 #include "support/LogEntry.h"
-#include "support/MockDriver.h"
 #include "ui/modMain.h"
 
 namespace ventlock::test {
@@ -22,16 +22,6 @@ using ::testing::SizeIs;
 
 constexpr std::size_t kStoredValues = 30;
 constexpr const char* kPairs = "SELECT *   FROM DeviceCategories  ORDER BY DevicecategoryId ";
-
-/// Everything that was stored before is stored as it was.
-void ExpectKept(GuiWorld& world, const std::vector<std::string>& before) {
-    for (const std::string& stored : before) {
-        const std::string name = stored.substr(0, stored.find('='));
-        if (!stored.ends_with("=(none)")) {
-            EXPECT_EQ(name + "=" + world.Stored(name), stored);
-        }
-    }
-}
 
 TEST(Stop, GathersStoresAndSavesBeforeTheProgramEnds) {
     GuiWorld world;
@@ -98,7 +88,7 @@ TEST(Stop, RunsOnceHoweverOftenTheWindowIsClosedMeanwhile) {
     EXPECT_TRUE(gbTerminate);
     Pump();
     EXPECT_THAT(world.host.registry.sets, SizeIs(kStoredValues));
-    ExpectKept(world, before);
+    world.ExpectKept(before);
 }
 
 TEST(Stop, OfAWindowThatIsClosedByForceAfterwardsChangesNothing) {
@@ -165,33 +155,7 @@ TEST(Stop, DuringARecordLoopOfTheStartWaitsForItsEndAndKeepsTheStoredEntry) {
     WaitUntil("the end of the program", [] { return gbTerminate; });
     EXPECT_TRUE(window.IsUnloading());
     EXPECT_THAT(world.host.registry.sets, SizeIs(kStoredValues));
-    ExpectKept(world, before);
-}
-
-TEST(Stop, DuringAConnectOfTheStartWaitsForItsEndAndKeepsTheStoredEntry) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    const std::string connect = driver.ConnectString("hangs_in_connect");
-    const std::string dataSource = connect.substr(std::string_view("ODBC;UID=sa;PWD=;DSN=").size());
-    GuiWorld world(GuiWorld::NoDatabase{});
-    world.PutEntry();
-    const std::vector<std::string> before = world.AllStored();
-    WriteBytes(world.PyxPath(), "[TAV Server 1]\r\nDataSourceName=" + dataSource + "\r\n");
-    world.timeLimits.login = std::chrono::milliseconds(200);
-    frmMain& window = world.Make();
-    int closes = 0;
-    world.whileYielding = [&] {
-        if (window.Objects().Contains("Connection") && ++closes == 1) window.Close();
-    };
-    window.Form_Load();
-    world.whileYielding = nullptr;
-    EXPECT_GT(closes, 0);
-    EXPECT_THAT(
-        world.LogEntries(),
-        ElementsAre("CONNconn-02: ODBC--call failed. [HYT01] The database did not answer within 0.2 s (0) "
-                    "(3146)"));
-    WaitUntil("the end of the program", [] { return gbTerminate; });
-    EXPECT_TRUE(window.IsUnloading());
-    ExpectKept(world, before);
+    world.ExpectKept(before);
 }
 
 /// Fails the test for every dialog and does not let it open.
