@@ -5,14 +5,9 @@
 #include <clocale>
 
 #include "base/RunTimeError.h"
-#include "base/Utf.h"
 
 namespace ventlock {
 namespace {
-
-/// A byte that is no UTF-8 counts as a character of its own beyond all others, so that it is kept and equals
-/// only itself.
-constexpr char32_t kRawByte = 0x110000;
 
 locale_t CharacterTables() {
     static const locale_t kTables = [] {
@@ -23,44 +18,6 @@ locale_t CharacterTables() {
     return kTables;
 }
 
-bool IsAscii(char c) {
-    return (static_cast<unsigned char>(c) & 0x80U) == 0;
-}
-
-char AsciiUpper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-char AsciiLower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-char32_t NextOrRawByte(std::string_view utf8, std::size_t& position) {
-    const std::size_t begin = position;
-    const char32_t character = NextCharacter(utf8, position);
-    const bool isRaw = character == kReplacementCharacter && position == begin + 1;
-    return isRaw ? kRawByte + static_cast<unsigned char>(utf8[begin]) : character;
-}
-
-template <class AsciiCase, class WideCase>
-std::string Converted(std::string_view utf8, AsciiCase asciiCase, WideCase wideCase) {
-    std::string result;
-    result.reserve(utf8.size());
-    for (std::size_t at = 0; at < utf8.size();) {
-        if (IsAscii(utf8[at])) {
-            result += asciiCase(utf8[at++]);
-            continue;
-        }
-        const char32_t character = NextOrRawByte(utf8, at);
-        if (character >= kRawByte) {
-            result += utf8[at - 1];
-        } else {
-            AppendCharacter(result, wideCase(character));
-        }
-    }
-    return result;
-}
-
 }  // namespace
 
 char32_t UpperCase(char32_t character) {
@@ -69,28 +26,6 @@ char32_t UpperCase(char32_t character) {
 
 char32_t LowerCase(char32_t character) {
     return static_cast<char32_t>(towlower_l(static_cast<wint_t>(character), CharacterTables()));
-}
-
-std::string UpperCase(std::string_view utf8) {
-    return Converted(utf8, AsciiUpper, [](char32_t c) { return UpperCase(c); });
-}
-
-std::string LowerCase(std::string_view utf8) {
-    return Converted(utf8, AsciiLower, [](char32_t c) { return LowerCase(c); });
-}
-
-bool EqualIgnoringCase(std::string_view a, std::string_view b) {
-    std::size_t atA = 0;
-    std::size_t atB = 0;
-    while (atA < a.size() && atB < b.size()) {
-        if (IsAscii(a[atA]) && IsAscii(b[atB])) {
-            if (AsciiUpper(a[atA++]) != AsciiUpper(b[atB++])) return false;
-            continue;
-        }
-        // Lengths need not agree: the dotless i takes two bytes and its capital one.
-        if (UpperCase(NextOrRawByte(a, atA)) != UpperCase(NextOrRawByte(b, atB))) return false;
-    }
-    return atA == a.size() && atB == b.size();
 }
 
 }  // namespace ventlock

@@ -18,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/CodePage.h"
 #include "platform/Host.h"
 #include "platform/StderrMessageBox.h"
 #include "platform/posix/PosixClock.h"
@@ -200,6 +201,10 @@ TEST(StderrMessageBox, PrintsTitleAndTextOnOneLine) {
     box.Show("Grüße", "", MessageHelp{"help.hlp", 1});
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "Log Entry: Unable to connect to database.\nThe Tool: Grüße\n");
+}
+
+TEST(CodePage, OfFilesThatSayNothingIsTheWesternOne) {
+    EXPECT_EQ(CodePage::SystemDefault().Number(), 1252);
 }
 
 TEST(Host, GivesItsPartsAndTouchesNoFile) {
