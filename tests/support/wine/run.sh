@@ -4,7 +4,7 @@
 # source is. The prefix is WINEPREFIX; one that is not there is made. The exit code is the program's.
 set -euo pipefail
 
-: "${WINEPREFIX:?names the folder of Wine's prefix}"
+: "${WINEPREFIX:?names the folder of the prefix that Wine works in}"
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 if [ ! -e "$WINEPREFIX/system.reg" ]; then
     mkdir -p "$WINEPREFIX"
