@@ -10,6 +10,9 @@ set(CMAKE_C_COMPILER ${target}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${target}-g++-posix)
 set(CMAKE_RC_COMPILER ${target}-windres)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+# Else the compiler's own libraries, which it names behind all others, are looked for as DLLs.
+set(CMAKE_LINK_SEARCH_START_STATIC ON)
+set(CMAKE_LINK_SEARCH_END_STATIC ON)
 
 # Where the libraries are looked for, and nowhere else; programs are this machine's own.
 execute_process(COMMAND ${CMAKE_CURRENT_LIST_DIR}/../packaging/windows/libraries.sh --folder ${VENTLOCK_WINDOWS_ARCH}
