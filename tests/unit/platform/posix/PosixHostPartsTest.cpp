@@ -20,11 +20,9 @@
 
 #include "platform/CodePage.h"
 #include "platform/Host.h"
-#include "platform/StderrMessageBox.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixEventLog.h"
 #include "platform/posix/PosixProcess.h"
-#include "support/Fakes.h"
 #include "support/TempFolder.h"
 #include "unit/platform/posix/ProcessState.h"
 
@@ -190,17 +188,6 @@ TEST(PosixProcess, AProgramThatCannotBeStartedIsFalse) {
     EXPECT_FALSE(process.Start("true"));  // no search in PATH
     EXPECT_FALSE(process.Start("/bin/true -x"));
     EXPECT_FALSE(process.Start(std::string("/bin/true\0", 10)));
-}
-
-TEST(StderrMessageBox, PrintsTitleAndTextOnOneLine) {
-    FakeAppInfo info;
-    info.title = "The Tool";
-    StderrMessageBox box(info);
-    testing::internal::CaptureStderr();
-    box.Show("Unable to connect to database.", "Log Entry", std::nullopt);
-    box.Show("Grüße", "", MessageHelp{"help.hlp", 1});
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Log Entry: Unable to connect to database.\nThe Tool: Grüße\n");
 }
 
 TEST(CodePage, OfFilesThatSayNothingIsTheWesternOne) {

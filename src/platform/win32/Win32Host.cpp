@@ -1,0 +1,13 @@
+#include "platform/win32/Win32Host.h"
+
+#include <utility>
+
+namespace ventlock {
+
+Win32Host::Win32Host(std::string exeName) : paths_(std::move(exeName)) {}
+
+std::unique_ptr<Host> CreateHost(std::string exeName) {
+    return std::make_unique<Win32Host>(std::move(exeName));
+}
+
+}  // namespace ventlock
