@@ -43,6 +43,25 @@ function(ventlock_program name)
     add_dependencies(${name} ventlock_program_files)
 endfunction()
 
+# ventlock_resources(<target> <script>)
+# On Windows, what a program carries in itself: icon, version and manifest, by the resource script `script`. A library of
+# its own, because the compiler's options mean nothing to the resource compiler.
+function(ventlock_resources name script)
+    if(NOT WIN32)
+        return()
+    endif()
+    set(parts ${PROJECT_SOURCE_DIR}/packaging/windows)
+    add_library(${name}_resources OBJECT ${script})
+    target_include_directories(${name}_resources PRIVATE ${parts} ${wxWidgets_INCLUDE_DIRS})
+    target_compile_definitions(${name}_resources PRIVATE
+        VENTLOCK_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
+        VENTLOCK_VERSION_MINOR=${PROJECT_VERSION_MINOR}
+        VENTLOCK_VERSION_PATCH=${PROJECT_VERSION_PATCH})
+    set_source_files_properties(${script} PROPERTIES
+        OBJECT_DEPENDS "${parts}/program.rc;${parts}/program.manifest;${parts}/ventlock.ico")
+    target_sources(${name} PRIVATE $<TARGET_OBJECTS:${name}_resources>)
+endfunction()
+
 # The help book is a zip of data/help. Names are sorted and the time of change is fixed, so that two books of the same
 # pages differ only in what a zip notes of access times and owners.
 set(VENTLOCK_HELP_BOOK ${PROJECT_BINARY_DIR}/bin/Ventlock.hlp)
