@@ -1,5 +1,5 @@
 # Windows programs made on Linux: mingw-w64 with posix threads, everything but the system's own DLLs linked statically.
-# VENTLOCK_WINDOWS_ARCH is x86_64 or i686.
+# VENTLOCK_WINDOWS_ARCH is x86_64 or i686. Programs carry no time of their making, so that the same sources give the same bytes.
 
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR ${VENTLOCK_WINDOWS_ARCH})
@@ -9,7 +9,8 @@ set(target ${VENTLOCK_WINDOWS_ARCH}-w64-mingw32)
 set(CMAKE_C_COMPILER ${target}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${target}-g++-posix)
 set(CMAKE_RC_COMPILER ${target}-windres)
-set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
+# No time of making: the same source gives the same bytes.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
 # Else the compiler's own libraries, which it names behind all others, are looked for as DLLs.
 set(CMAKE_LINK_SEARCH_START_STATIC ON)
 set(CMAKE_LINK_SEARCH_END_STATIC ON)

@@ -9,6 +9,13 @@ test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc od
 display_packages=(xvfb openbox x11-utils x11-xkb-utils x11-xserver-utils xdotool dbus-daemon dbus-bin at-spi2-core
     imagemagick)
 
+# What makes the Windows programs and their packages on Linux: packaging/windows/package.sh takes these.
+windows_packages=(g++ cmake ninja-build make dpkg-dev git libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libdtl-dev googletest
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev nsis zip unzip)
+
+# What the tests of these packages look into them and run them with.
+windows_test_packages=(wine wine64 libsqliteodbc icoutils p7zip-full)
+
 # need_packages <package>...: installs those that are missing and says which; quick when all are there.
 need_packages() {
     local missing=() package

@@ -1,0 +1,77 @@
+#!/usr/bin/env bash
+# pack.sh <folder of the programs> <x64|x86> <output folder>
+# Makes the portable zip and the installer of one word size from built programs and the files beside them, and prints
+# both paths. Times are those of the last commit, or SOURCE_DATE_EPOCH; the same programs give the same bytes.
+set -euo pipefail
+
+if [ $# -ne 3 ] || [ ! -e "$1/ventlock.exe" ]; then
+    echo "usage: pack.sh <folder of the programs> <x64|x86> <output folder>" >&2
+    exit 2
+fi
+case $2 in
+    x64) strip=x86_64-w64-mingw32-strip ;;
+    x86) strip=i686-w64-mingw32-strip ;;
+    *) echo "pack.sh: the word size is x64 or x86, not $2" >&2 && exit 2 ;;
+esac
+mkdir -p "$3"
+bin=$(realpath "$1") arch=$2 output=$(realpath "$3")
+cd "$(dirname "$0")/../.."
+
+version=$(sed -n 's/^project(ventlock VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
+IFS=. read -r major minor patch <<<"$version"
+export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+export LC_ALL=C TZ=UTC
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+top=$work/ventlock-$version
+mkdir "$top"
+"$strip" -o "$top/ventlock.exe" "$bin/ventlock.exe"
+"$strip" -o "$top/ventlock-cli.exe" "$bin/ventlock-cli.exe"
+cp -r data/QorStandard.dct data/Ventlock.dct data/schema data/sample "$top"
+sed 's/$/\r/' packaging/windows/README.txt >"$top/README.txt"
+
+# set_times <folder>: rights and times of everything below it.
+set_times() {
+    chmod -R u=rwX,go=rX "$1"
+    find "$1" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
+}
+
+# zip_folder <folder> <zip> <name>...: sorted, without what a zip can note of owners and of other times.
+zip_folder() {
+    (cd "$1" && find "${@:3}" -type f | sort | zip -q -9 -X -@ "$work/new.zip")
+    mv "$work/new.zip" "$2"
+}
+
+# The help book of the build again, without the owners and the times of access that its zip notes.
+unzip -q "$bin/Ventlock.hlp" -d "$work/book"
+set_times "$work/book"
+zip_folder "$work/book" "$top/Ventlock.hlp" $(ls "$work/book")
+set_times "$top"
+
+name=$output/ventlock-$version-windows-$arch.zip
+zip_folder "$work" "$name" "ventlock-$version"
+echo "$name"
+
+# What the installer puts where, and what the uninstaller takes away: the same files, one by one.
+{
+    echo "!macro InstallFiles"
+    find "$top" -type d -printf '%P\n' | sort | while read -r folder; do
+        echo "SetOutPath \"\$INSTDIR${folder:+\\${folder//\//\\}}\""
+        find "$top/$folder" -maxdepth 1 -type f | sort | sed 's/.*/File "&"/'
+    done
+    echo "!macroend"
+    echo "!macro RemoveFiles"
+    find "$top" -type f -printf '%P\n' | sort | sed 's|/|\\|g; s/.*/Delete "$INSTDIR\\&"/'
+    echo "!macroend"
+    echo "!macro RemoveFolders"
+    find "$top" -mindepth 1 -type d -printf '%P\n' | sort -r | sed 's|/|\\|g; s/.*/RMDir "$INSTDIR\\&"/'
+    echo "!macroend"
+} >"$work/files.nsh"
+
+name=$output/ventlock-$version-setup-$arch.exe
+size=$(find "$top" -type f -printf '%s\n' | awk '{ sum += $1 } END { print int((sum + 1023) / 1024) }')
+makensis -V2 -WX -INPUTCHARSET UTF8 -DARCH="$arch" -DVERSION="$version" -DFILE_VERSION="$major.$minor.0.$patch" \
+    -DFILES="$work/files.nsh" -DSIZE="$size" -DOUTPUT="$work/ventlock-setup.exe" packaging/windows/ventlock.nsi >&2
+mv "$work/ventlock-setup.exe" "$name"
+echo "$name"
