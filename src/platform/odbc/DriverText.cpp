@@ -5,11 +5,12 @@
 
 namespace ventlock::odbc {
 
-// For a driver without wide functions this driver manager turns wide text into one-byte characters and drops
-// the upper half of what does not fit. Such drivers take UTF-8 as it is. Which kind a driver is shows when it
-// translates a text without running it: only wide functions bring the character back. Behind its NUL the
-// text goes on for longer than the answer has room: SQLite's driver ends the text it was given, not its
-// answer, where that room ends.
+// For a driver without wide functions a driver manager turns wide text into one-byte characters. Those of
+// Windows do it by the code page, and so does another one where the locale tells it a character set; without
+// one it drops the upper half of every unit. Then the driver takes UTF-8 as it is. Which way it goes shows
+// when the driver translates a text without running it: an omega, U+03A9, that came back as U+00A9 has lost
+// its upper half. Behind its NUL the text goes on for longer than the answer has room: SQLite's driver ends
+// the text it was given, not its answer, where that room ends.
 TextForm FormForDriver(SQLHANDLE connection) {
     std::array<SQLWCHAR, 64> translated{};
     WideText text = ToWide("SELECT '\u03A9'");
@@ -20,7 +21,7 @@ TextForm FormForDriver(SQLHANDLE connection) {
                       static_cast<SQLINTEGER>(translated.size()), &length);
     if (!SQL_SUCCEEDED(result)) return TextForm::Wide;
     const std::string back = FromWide(translated.data(), FilledLength(translated.data(), translated.size()));
-    return back.find("\u03A9") == std::string::npos ? TextForm::Bytes : TextForm::Wide;
+    return back.find("\u00A9") != std::string::npos ? TextForm::Bytes : TextForm::Wide;
 }
 
 }  // namespace ventlock::odbc
