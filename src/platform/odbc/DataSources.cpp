@@ -89,6 +89,7 @@ void RegisterSqliteDataSource(const std::string& name, const std::string& file) 
         odbc::WriteUserDataSource(
             name, driver,
             {{"Database", file}, {"FKSupport", "1"}, {"Timeout", std::string(kLockPatienceMilliseconds)}});
+        odbc::RequireListed(name);
         return;
     }
     throw RunTimeError::OdbcCallFailed({"[IM003] No driver for SQLite 3 is installed (0)"});

@@ -6,10 +6,15 @@
 
 namespace ventlock::odbc {
 
-/// Registers or changes a data source of the user with the host's installer library. Settings of the data
-/// source that are not named stay as they are.
+/// Registers or changes a data source of the user with the host's installer library. Whether settings of the
+/// data source that are not named stay is up to the library.
 /// @throws RunTimeError 3146 with the installer's own messages.
 void WriteUserDataSource(const std::string& name, const std::string& driver,
                          const std::vector<std::pair<std::string, std::string>>& settings);
+
+/// Takes the registration of a data source of the user back when the driver manager does not list it, on a
+/// host where a new data source is listed at once; elsewhere it does nothing.
+/// @throws RunTimeError 3146 when it was not listed.
+void RequireListed(const std::string& name);
 
 }  // namespace ventlock::odbc

@@ -1,0 +1,82 @@
+#include "platform/odbc/Installer.h"
+
+#include <windows.h>
+
+#include <odbcinst.h>
+
+#include <algorithm>
+#include <array>
+
+#include "OdbcApi.h"
+#include "base/RunTimeError.h"
+#include "platform/Casing.h"
+#include "platform/odbc/DataSources.h"
+#include "platform/win32/WideText.h"
+
+namespace ventlock::odbc {
+namespace {
+
+constexpr WORD kMostMessages = 8;       // the installer keeps no more
+constexpr WORD kLongestMessage = 1024;  // characters with the NUL
+constexpr const wchar_t* kDataSources = L"ODBC.INI";
+
+RunTimeError InstallerFailure() {
+    std::vector<std::string> texts;
+    for (WORD number = 1; number <= kMostMessages; ++number) {
+        std::array<wchar_t, kLongestMessage> text{};
+        DWORD code = 0;
+        WORD length = 0;
+        const RETCODE result = SQLInstallerErrorW(number, &code, text.data(), kLongestMessage, &length);
+        if (!SQL_SUCCEEDED(result)) break;
+        texts.push_back("[HY000] " + FromWideText(text.data()) + " (" + std::to_string(code) + ")");
+    }
+    if (texts.empty()) texts.emplace_back("[HY000] The data source could not be registered (0)");
+    return RunTimeError::OdbcCallFailed(std::move(texts));
+}
+
+void Require(BOOL done) {
+    if (!done) throw InstallerFailure();
+}
+
+// The installer works on the data sources of the user, not on the machine's, as long as this object lives.
+class UserMode {
+ public:
+    UserMode() { Require(SQLSetConfigMode(ODBC_USER_DSN)); }
+    ~UserMode() { SQLSetConfigMode(ODBC_BOTH_DSN); }
+    UserMode(const UserMode&) = delete;
+    UserMode& operator=(const UserMode&) = delete;
+};
+
+bool IsListed(const std::string& name) {
+    const std::vector<DataSource> sources = ListDataSources();
+    return std::any_of(sources.begin(), sources.end(), [&](const DataSource& source) {
+        return !source.system && EqualIgnoringCase(source.name, name);
+    });
+}
+
+}  // namespace
+
+void WriteUserDataSource(const std::string& name, const std::string& driver,
+                         const std::vector<std::pair<std::string, std::string>>& settings) {
+    const UserMode mode;
+    const std::wstring wideName = ToWideText(name);
+    Require(SQLWriteDSNToIniW(wideName.c_str(), ToWideText(driver).c_str()));
+    for (const auto& [key, value] : settings) {
+        Require(SQLWritePrivateProfileStringW(wideName.c_str(), ToWideText(key).c_str(),
+                                              ToWideText(value).c_str(), kDataSources));
+    }
+}
+
+// The installer writes the registry. A driver manager that keeps its data sources elsewhere, as one does that
+// serves Windows programs on another system, never sees what was written there.
+void RequireListed(const std::string& name) {
+    if (IsListed(name)) return;
+    const UserMode mode;
+    const std::wstring wideName = ToWideText(name);
+    Require(SQLWritePrivateProfileStringW(wideName.c_str(), nullptr, nullptr, kDataSources));
+    Require(SQLRemoveDSNFromIniW(wideName.c_str()));
+    throw RunTimeError::OdbcCallFailed(
+        {"[HY000] The driver manager does not list the data source " + name + " that was registered (0)"});
+}
+
+}  // namespace ventlock::odbc
