@@ -1,9 +1,14 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace ventlock::test {
+
+/// The path that UTF-8 text stands for on this host, and the way back.
+std::filesystem::path PathOf(std::string_view utf8);
+std::string Utf8Of(const std::filesystem::path& path);
 
 /// A folder of its own for a test, removed with all it holds by its destructor.
 class TempFolder {
@@ -15,9 +20,9 @@ class TempFolder {
 
     [[nodiscard]] const std::string& Path() const noexcept { return path_; }
 
-    /// The path of `name` in the folder.
+    /// The path of `name` in the folder, joined as this host joins paths.
     [[nodiscard]] std::string operator/(std::string_view name) const {
-        return path_ + "/" + std::string(name);
+        return path_ + static_cast<char>(std::filesystem::path::preferred_separator) + std::string(name);
     }
 
     /// Names of what the folder holds now, sorted.

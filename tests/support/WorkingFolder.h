@@ -3,13 +3,15 @@
 #include <filesystem>
 #include <string>
 
+#include "support/TempFolder.h"
+
 namespace ventlock::test {
 
 /// The process works in another folder as long as this object lives.
 class WorkingFolder {
  public:
     explicit WorkingFolder(const std::string& path) : before_(std::filesystem::current_path()) {
-        std::filesystem::current_path(path);
+        std::filesystem::current_path(PathOf(path));
     }
     ~WorkingFolder() {
         std::error_code
