@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/win32/FileHandle.h"
+#include "platform/win32/FileTarget.h"
+#include "platform/win32/Patience.h"
+
+namespace ventlock {
+
+/// New bytes for a file, written beside it under a name that nobody can foresee and open to nobody else while
+/// they are. Commit puts them in its place; without Commit the destructor takes them away and the file is as
+/// it was.
+class ReplacementFile {
+ public:
+    /// The new file gets the access list and the attributes of the one it replaces; its owner is the user who
+    /// writes. `target` and `pause` must outlive this object. @throws RunTimeError
+    ReplacementFile(const FileTarget& target, const Pause& pause);
+    ~ReplacementFile();
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
+
+    /// @throws RunTimeError
+    void Write(std::string_view bytes);
+
+    /// Brings the bytes to the disk and puts them in the file's place in one step.
+    /// @throws RunTimeError 70 when another program has the file open and goes on doing so, else what the
+    /// system says; the file is then as it was.
+    void Commit();
+
+ private:
+    FileHandle Create();
+    void KeepAccessList() const;
+    void Remove();
+    [[noreturn]] void Raise() const;
+
+    const FileTarget& target_;
+    const Pause& pause_;
+    std::wstring temporary_;  ///< empty when there is nothing to take away
+    FileHandle file_;
+};
+
+/// Writes all of `bytes`, however many calls that takes; False and GetLastError when it fails.
+bool WriteAll(const FileHandle& file, std::string_view bytes);
+
+}  // namespace ventlock

@@ -1,0 +1,90 @@
+#include "platform/win32/Win32Files.h"
+
+#include <vector>
+
+#include "base/RunTimeError.h"
+#include "platform/win32/FileErrors.h"
+#include "platform/win32/FileHandle.h"
+#include "platform/win32/FileTarget.h"
+#include "platform/win32/ReplacementFile.h"
+#include "platform/win32/Win32FileLock.h"
+
+namespace ventlock {
+namespace {
+
+constexpr DWORD kBufferSize = 65536;
+
+/// Opens a regular file.
+FileHandle Open(const std::string& path, DWORD access, DWORD share, DWORD disposition, const Pause& pause,
+                DWORD& attributes) {
+    const std::wstring systemPath = SystemPath(path);
+    FileHandle file;
+    const DWORD code = OpenWhenFree(systemPath, access, share, disposition, pause, file);
+    if (code != ERROR_SUCCESS) throw OpenError(path, systemPath, code);
+    if (!IsRegularFile(file, attributes)) throw FileError(path, GetLastError());
+    return file;
+}
+
+}  // namespace
+
+bool Win32Files::Exists(const std::string& path) {
+    const NoSystemBoxes quiet;
+    try {
+        const FileHandle file(CreateFileW(SystemPath(path).c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+        DWORD attributes = 0;
+        return file.IsOpen() && IsRegularFile(file, attributes);
+    } catch (const RunTimeError&) {
+        return false;  // a path that no file can have
+    }
+}
+
+void Win32Files::RequireReplaceable(const std::string& path) {
+    const NoSystemBoxes quiet;
+    RequireReplaceableTarget(ResolveTarget(path, pause_), pause_);
+}
+
+std::string Win32Files::ReadAll(const std::string& path) {
+    const NoSystemBoxes quiet;
+    DWORD attributes = 0;
+    const FileHandle file = Open(path, GENERIC_READ, kShareAll, OPEN_EXISTING, pause_, attributes);
+    std::string bytes;
+    std::vector<char> buffer(kBufferSize);
+    for (;;) {
+        DWORD count = 0;
+        if (ReadFile(file.Get(), buffer.data(), kBufferSize, &count, nullptr) == 0) {
+            throw FileError(path, GetLastError());
+        }
+        if (count == 0) return bytes;
+        bytes.append(buffer.data(), count);
+    }
+}
+
+void Win32Files::Replace(const std::string& path, std::string_view bytes) {
+    const NoSystemBoxes quiet;
+    const FileTarget target = ResolveTarget(path, pause_);
+    RequireReplaceableTarget(target, pause_);
+    ReplacementFile file(target, pause_);
+    file.Write(bytes);
+    file.Commit();
+}
+
+void Win32Files::Copy(const std::string& from, const std::string& to) {
+    Replace(to, ReadAll(from));
+}
+
+void Win32Files::Append(const std::string& path, std::string_view bytes) {
+    const NoSystemBoxes quiet;
+    DWORD attributes = 0;
+    FileHandle file = Open(path, FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                           OPEN_ALWAYS, pause_, attributes);
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) throw FileError(path, ERROR_ACCESS_DENIED);
+    if (!WriteAll(file, bytes) || !file.Close()) throw FileError(path, GetLastError());
+}
+
+std::unique_ptr<IFileLock> Win32Files::Lock(const std::string& path) {
+    const NoSystemBoxes quiet;
+    return std::make_unique<Win32FileLock>(ResolveTarget(path, pause_), lockPatience_, pause_);
+}
+
+}  // namespace ventlock

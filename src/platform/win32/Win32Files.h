@@ -1,0 +1,40 @@
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/IFiles.h"
+#include "platform/win32/Patience.h"
+
+namespace ventlock {
+
+/// Files of a Windows host. Paths take "/" and "\" and are as long as the system allows; a missing drive is
+/// 68, an empty one 71. A file that another program has open is tried again for a second, then it is 70; one
+/// with the read-only attribute is 75. Replace keeps the access list and the attributes; the new file belongs
+/// to the user who writes. Errors read: the number's text, the path in quotes, ":" and the system's own
+/// words.
+class Win32Files final : public IFiles {
+ public:
+    /// @param lockPatience  how long Lock waits for another holder
+    /// @param pause         how it is waited between two tries
+    explicit Win32Files(std::chrono::milliseconds lockPatience = std::chrono::seconds(10),
+                        Pause pause = SleepFor)
+        : lockPatience_(lockPatience), pause_(std::move(pause)) {}
+
+    bool Exists(const std::string& path) override;
+    void RequireReplaceable(const std::string& path) override;
+    std::string ReadAll(const std::string& path) override;
+    void Replace(const std::string& path, std::string_view bytes) override;
+    void Copy(const std::string& from, const std::string& to) override;
+    void Append(const std::string& path, std::string_view bytes) override;
+    std::unique_ptr<IFileLock> Lock(const std::string& path) override;
+
+ private:
+    std::chrono::milliseconds lockPatience_;
+    Pause pause_;
+};
+
+}  // namespace ventlock
