@@ -172,7 +172,7 @@ TEST_F(SysInfo, StartsTheViewerInTheFolderOfTheSecondValue) {
     PutFolder(folder_.Path());
     WriteBytes(folder_ / "MSINFO32.EXE", "");
     EXPECT_TRUE(Start());
-    EXPECT_EQ(processes_.started, Paths{folder_ / "MSINFO32.EXE"});
+    EXPECT_EQ(processes_.started, Paths{paths_.Join(folder_.Path(), "MSINFO32.EXE")});
 }
 
 TEST_F(SysInfo, IsUnavailableWhenTheFolderHasNoViewer) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <utility>
 
 #include "support/RowName.h"
 #include "unit/entry/FilledForm.h"
@@ -89,10 +90,10 @@ TEST(WritableTargets, OfAnEmptyFormAreNone) {
 
 TEST(WritableTargets, GrowWithTheFieldsThatAreFilled) {
     EntryForm form;
-    form.txtMain[kManufacturerIdBox] = "26";
-    form.txtMain[kDeviceIdBox] = "7";
-    form.txtMain[kDeviceNameBox] = "Flow";
-    form.txtMain[kDllBox] = "Dev";
+    for (const auto& [box, text] : {std::pair{kManufacturerIdBox, "26"}, std::pair{kDeviceIdBox, "7"},
+                                    std::pair{kDeviceNameBox, "Flow"}, std::pair{kDllBox, "Dev"}}) {
+        form.txtMain[box] = text;
+    }
     form.cboDevRev = "01";
     form.cboHARTRev = "05";
     EXPECT_EQ(WritableTargets(form), kIniOnly);
