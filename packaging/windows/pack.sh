@@ -24,8 +24,8 @@ export LC_ALL=C TZ=UTC
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-top=$work/ventlock-$version
-mkdir "$top"
+top=$work/package/ventlock-$version
+mkdir -p "$top"
 "$strip" -o "$top/ventlock.exe" "$bin/ventlock.exe"
 "$strip" -o "$top/ventlock-cli.exe" "$bin/ventlock-cli.exe"
 cp -r data/QorStandard.dct data/Ventlock.dct data/schema data/sample "$top"
@@ -37,20 +37,20 @@ set_times() {
     find "$1" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
 }
 
-# zip_folder <folder> <zip> <name>...: sorted, without what a zip can note of owners and of other times.
+# zip_folder <folder> <zip>: what is in the folder, sorted, without what a zip can note of owners and of other times.
 zip_folder() {
-    (cd "$1" && find "${@:3}" -type f | sort | zip -q -9 -X -@ "$work/new.zip")
+    (cd "$1" && find . -type f -printf '%P\n' | sort | zip -q -9 -X -@ "$work/new.zip")
     mv "$work/new.zip" "$2"
 }
 
 # The help book of the build again, without the owners and the times of access that its zip notes.
 unzip -q "$bin/Ventlock.hlp" -d "$work/book"
 set_times "$work/book"
-zip_folder "$work/book" "$top/Ventlock.hlp" $(ls "$work/book")
+zip_folder "$work/book" "$top/Ventlock.hlp"
 set_times "$top"
 
 name=$output/ventlock-$version-windows-$arch.zip
-zip_folder "$work" "$name" "ventlock-$version"
+zip_folder "$work/package" "$name"
 echo "$name"
 
 # What the installer puts where, and what the uninstaller takes away: the same files, one by one.
