@@ -1,4 +1,5 @@
-# Sourced by the checks of the Windows packages.
+# shellcheck shell=bash
+# Sourced by the checks of the Windows packages, which have their folder for scratch files in `work`.
 
 breaches=0
 
