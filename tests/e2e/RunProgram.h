@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,15 +32,15 @@ class RunningProgram {
     RunningProgram& operator=(const RunningProgram&) = delete;
 
     /// What it is known by to the system, until Wait has returned.
-    [[nodiscard]] int Process() const noexcept { return process_; }
+    [[nodiscard]] int Process() const;
 
     /// Reads both streams to their ends and waits for the program's end.
     ProgramResult Wait();
 
  private:
-    int process_ = -1;
-    int out_ = -1;
-    int err_ = -1;
+    struct Handles;  // of the host: the process, and the streams that it writes to
+
+    std::unique_ptr<Handles> handles_;
 };
 
 /// Runs a program to its end.

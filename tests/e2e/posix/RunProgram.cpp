@@ -56,11 +56,17 @@ bool ReadSome(int stream, std::string& text) {
 
 }  // namespace
 
-RunningProgram::RunningProgram(const ProgramCall& call) {
+struct RunningProgram::Handles {
+    pid_t process = -1;
+    int out = -1;
+    int err = -1;
+};
+
+RunningProgram::RunningProgram(const ProgramCall& call) : handles_(std::make_unique<Handles>()) {
     const Stream out = Pipe();
     const Stream err = call.errorsGoToTerminal ? Terminal() : Pipe();
-    out_ = out.ours;
-    err_ = err.ours;
+    handles_->out = out.ours;
+    handles_->err = err.ours;
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -74,35 +80,40 @@ RunningProgram::RunningProgram(const ProgramCall& call) {
 
     std::vector<std::string> command = call.command;
     std::vector<std::string> environment = call.environment;
-    const int error = posix_spawn(&process_, command.front().c_str(), &actions, nullptr,
+    const int error = posix_spawn(&handles_->process, command.front().c_str(), &actions, nullptr,
                                   Pointers(command).data(), Pointers(environment).data());
     posix_spawn_file_actions_destroy(&actions);
     close(out.theirs);
     close(err.theirs);
     if (error == 0) return;
-    process_ = -1;
+    handles_->process = -1;
     ADD_FAILURE() << command.front() << " cannot be started: " << strerrordesc_np(error);
 }
 
 RunningProgram::~RunningProgram() {
-    EXPECT_EQ(process_, -1) << "a program was started and not waited for";
-    close(out_);
-    close(err_);
+    EXPECT_EQ(handles_->process, -1) << "a program was started and not waited for";
+    close(handles_->out);
+    close(handles_->err);
+}
+
+int RunningProgram::Process() const {
+    return handles_->process;
 }
 
 ProgramResult RunningProgram::Wait() {
     ProgramResult result;
-    std::array<pollfd, 2> streams{{{out_, POLLIN, 0}, {err_, POLLIN, 0}}};
+    std::array<pollfd, 2> streams{{{handles_->out, POLLIN, 0}, {handles_->err, POLLIN, 0}}};
     while (streams[0].fd >= 0 || streams[1].fd >= 0) {
         if (poll(streams.data(), streams.size(), -1) < 0 && errno != EINTR) break;
-        if (streams[0].revents != 0 && !ReadSome(out_, result.out)) streams[0].fd = -1;
-        if (streams[1].revents != 0 && !ReadSome(err_, result.err)) streams[1].fd = -1;
+        if (streams[0].revents != 0 && !ReadSome(handles_->out, result.out)) streams[0].fd = -1;
+        if (streams[1].revents != 0 && !ReadSome(handles_->err, result.err)) streams[1].fd = -1;
     }
     int status = 0;
-    if (process_ > 0 && waitpid(process_, &status, 0) == process_ && WIFEXITED(status)) {
+    if (handles_->process > 0 && waitpid(handles_->process, &status, 0) == handles_->process &&
+        WIFEXITED(status)) {
         result.exitCode = WEXITSTATUS(status);
     }
-    process_ = -1;
+    handles_->process = -1;
     return result;
 }
 

@@ -60,13 +60,20 @@ std::wstring EnvironmentBlock(const std::vector<std::string>& environment) {
 
 }  // namespace
 
-RunningProgram::RunningProgram(const ProgramCall& call) {
+struct RunningProgram::Handles {
+    HANDLE process = nullptr;
+    int id = -1;
+    HANDLE out = nullptr;
+    HANDLE err = nullptr;
+};
+
+RunningProgram::RunningProgram(const ProgramCall& call) : handles_(std::make_unique<Handles>()) {
     EXPECT_FALSE(call.errorsGoToTerminal) << "there are no such terminals on this host";
     EXPECT_FALSE(call.answersGoToAFullDisk) << "there is no such device on this host";
     const Stream out = Pipe();
     const Stream err = Pipe();
-    out_ = out.ours;
-    err_ = err.ours;
+    handles_->out = out.ours;
+    handles_->err = err.ours;
 
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
@@ -88,27 +95,31 @@ RunningProgram::RunningProgram(const ProgramCall& call) {
         return;
     }
     CloseHandle(started.hThread);
-    process_ = started.hProcess;
-    id_ = static_cast<int>(started.dwProcessId);
+    handles_->process = started.hProcess;
+    handles_->id = static_cast<int>(started.dwProcessId);
 }
 
 RunningProgram::~RunningProgram() {
-    EXPECT_EQ(process_, nullptr) << "a program was started and not waited for";
-    CloseHandle(out_);
-    CloseHandle(err_);
+    EXPECT_EQ(handles_->process, nullptr) << "a program was started and not waited for";
+    CloseHandle(handles_->out);
+    CloseHandle(handles_->err);
+}
+
+int RunningProgram::Process() const {
+    return handles_->id;
 }
 
 ProgramResult RunningProgram::Wait() {
     ProgramResult result;
-    std::thread errors([&] { result.err = ReadToEnd(err_); });
-    result.out = ReadToEnd(out_);
+    std::thread errors([&] { result.err = ReadToEnd(handles_->err); });
+    result.out = ReadToEnd(handles_->out);
     errors.join();
-    if (process_ == nullptr) return result;
+    if (handles_->process == nullptr) return result;
     DWORD code = 0;
-    WaitForSingleObject(process_, INFINITE);
-    if (GetExitCodeProcess(process_, &code)) result.exitCode = static_cast<int>(code);
-    CloseHandle(process_);
-    process_ = nullptr;
+    WaitForSingleObject(handles_->process, INFINITE);
+    if (GetExitCodeProcess(handles_->process, &code)) result.exitCode = static_cast<int>(code);
+    CloseHandle(handles_->process);
+    handles_->process = nullptr;
     return result;
 }
 
