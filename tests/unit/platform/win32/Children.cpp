@@ -66,6 +66,7 @@ std::optional<int> RunTask() {
     const std::string folder = Variable(kFolderVariable);
     const std::map<std::string, std::function<void()>> tasks{
         {kHoldLock, [&] { HoldLock(folder); }},
+        {kNothing, [] {}},
         {kReport, [&] { Report(folder); }},
         {kWriteFirst, [&] { WriteKeys(folder, kWriteFirst); }},
         {kWriteSecond, [&] { WriteKeys(folder, kWriteSecond); }},

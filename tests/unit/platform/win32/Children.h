@@ -27,6 +27,9 @@ inline constexpr const char* kReport = "report";
 inline constexpr const char* kWriteFirst = "first";
 inline constexpr const char* kWriteSecond = "second";
 
+/// Ends at once.
+inline constexpr const char* kNothing = "nothing";
+
 /// Runs the task that this program was started for, if any; its exit code.
 std::optional<int> RunTask();
 

@@ -5,6 +5,7 @@
 #include <sddl.h>
 
 #include <array>
+#include <cstdint>
 #include <memory>
 
 #include "platform/win32/WideText.h"
@@ -96,6 +97,18 @@ void SetAccessList(const std::string& path, const std::string& list) {
               0);
     const LocalMemory<void> owned(descriptor);
     ASSERT_NE(SetFileSecurityW(ToWideText(path).c_str(), kAccessList, descriptor), 0) << GetLastError();
+}
+
+int OpenHandleCount() {
+    // Each is asked for: Wine's own count is always 0.
+    constexpr std::uintptr_t kStep = 4;
+    constexpr std::uintptr_t kHighest = 8192 * kStep;
+    int count = 0;
+    for (std::uintptr_t number = kStep; number <= kHighest; number += kStep) {
+        DWORD flags = 0;
+        if (GetHandleInformation(reinterpret_cast<HANDLE>(number), &flags) != 0) ++count;
+    }
+    return count;
 }
 
 bool MakeLink(const std::string& path, const std::string& target) {

@@ -38,6 +38,9 @@ std::string OwnerOf(const std::string& path);
 /// Gives a file an access list in the system's text form.
 void SetAccessList(const std::string& path, const std::string& list);
 
+/// Handles that this process has open now: files, folders, events, processes.
+int OpenHandleCount();
+
 /// Makes a symbolic link; False where the system or its user can make none.
 bool MakeLink(const std::string& path, const std::string& target);
 

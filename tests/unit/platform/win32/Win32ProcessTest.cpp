@@ -73,14 +73,18 @@ TEST(Win32Process, AProgramThatCannotBeStartedIsFalse) {
 }
 
 TEST(Win32Process, NoHandleOfTheProgramStaysOpen) {
-    Win32Process process;
-    EXPECT_TRUE(process.Start("C:\\windows\\system32\\hostname.exe"));
-    DWORD before = 0;
-    DWORD after = 0;
-    ASSERT_NE(GetProcessHandleCount(GetCurrentProcess(), &before), 0);
-    EXPECT_TRUE(process.Start("C:/windows/system32/hostname.exe"));
-    ASSERT_NE(GetProcessHandleCount(GetCurrentProcess(), &after), 0);
-    EXPECT_EQ(after, before);
+    TempFolder folder;
+    const std::string program = folder / "viewer.exe";
+    fs::copy_file(PathOf(ThisProgram()), PathOf(program));
+    {
+        const ChildTask task(kNothing, folder.Path());
+        Win32Process process;
+        EXPECT_TRUE(process.Start(program));  // what the system keeps from a first time on is open now
+        const int before = OpenHandleCount();
+        EXPECT_TRUE(process.Start(folder.Path() + "/viewer.exe"));
+        EXPECT_EQ(OpenHandleCount(), before);
+    }
+    AwaitEndOf(program);
 }
 
 }  // namespace
