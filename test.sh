@@ -1,8 +1,14 @@
 #!/usr/bin/env bash
 # Everything that must hold: form, static analysis, and every test with the address and undefined behaviour
-# sanitizers. Installs what is missing. Ends with the test runner's own summary.
+# sanitizers. --windows: the Windows programs instead, made here and run under Wine. Installs what is missing. Ends with
+# the test runner's own summary.
 set -euo pipefail
 cd "$(dirname "$0")"
+case ${1:-} in
+    "") ;;
+    --windows) exec scripts/test_windows.sh ;;
+    *) echo "usage: ./test.sh [--windows]" >&2 && exit 2 ;;
+esac
 . scripts/packages.sh
 
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${display_packages[@]}"
