@@ -5,15 +5,16 @@
 
 namespace ventlock::odbc {
 
-// For a driver without wide functions a driver manager turns wide text into one-byte characters. Those of
-// Windows do it by the code page, and so does another one where the locale tells it a character set; without
-// one it drops the upper half of every unit. Then the driver takes UTF-8 as it is. Which way it goes shows
-// when the driver translates a text without running it: an omega, U+03A9, that came back as U+00A9 has lost
-// its upper half. Behind its NUL the text goes on for longer than the answer has room: SQLite's driver ends
-// the text it was given, not its answer, where that room ends.
+// For a driver without wide functions a driver manager turns wide text into one-byte characters. The one of
+// Windows does it by the code page. Another one does it by the locale's character set or, when it knows none
+// or meets a character of two units, by dropping the upper half of every unit. Such a driver takes UTF-8 as
+// it stands. Which way a driver's text goes shows when it translates one without running it: an omega,
+// U+03A9, that comes back as U+00A9 has lost its upper half. The character behind the omega has two units.
+// Behind its NUL the text goes on for longer than the answer has room: SQLite's driver ends the text it was
+// given, not its answer, where that room ends.
 TextForm FormForDriver(SQLHANDLE connection) {
     std::array<SQLWCHAR, 64> translated{};
-    WideText text = ToWide("SELECT '\u03A9'");
+    WideText text = ToWide("SELECT '\u03A9\U0001F34A'");
     text.resize(2 * translated.size());
     SQLINTEGER length = 0;
     const SQLRETURN result =
