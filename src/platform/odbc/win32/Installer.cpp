@@ -72,9 +72,7 @@ void WriteUserDataSource(const std::string& name, const std::string& driver,
 void RequireListed(const std::string& name) {
     if (IsListed(name)) return;
     const UserMode mode;
-    const std::wstring wideName = ToWideText(name);
-    Require(SQLWritePrivateProfileStringW(wideName.c_str(), nullptr, nullptr, kDataSources));
-    Require(SQLRemoveDSNFromIniW(wideName.c_str()));
+    Require(SQLRemoveDSNFromIniW(ToWideText(name).c_str()));
     throw RunTimeError::OdbcCallFailed(
         {"[HY000] The driver manager does not list the data source " + name + " that was registered (0)"});
 }
