@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+
+#include "support/OdbcHost.h"
 
 namespace ventlock::test {
 namespace {
@@ -33,15 +34,7 @@ OdbcFolder& OdbcFolder::Get() {
     return folder;
 }
 
-OdbcFolder::OdbcFolder() {
-    fs::create_directory(folder_ / "system");
-    AppendSection(DriverFile(), "SQLite3",
-                  {{"Description", "SQLite 3"}, {"Driver", DriverLibrary("libsqlite3odbc.so")}});
-    WriteBytes(UserFile(), "");
-    WriteBytes(folder_ / "system/odbc.ini", "");
-    EXPECT_EQ(setenv("ODBCINI", UserFile().c_str(), 1), 0);
-    EXPECT_EQ(setenv("ODBCSYSINI", (folder_ / "system").c_str(), 1), 0);
-}
+OdbcFolder::OdbcFolder() : path_(UseOdbcFolder()) {}
 
 void OdbcFolder::AddDataSource(const std::string& name, const std::string& driver, const Settings& settings) {
     AppendSection(UserFile(), name, WithDriver(driver, settings));
@@ -49,7 +42,7 @@ void OdbcFolder::AddDataSource(const std::string& name, const std::string& drive
 
 void OdbcFolder::AddSystemDataSource(const std::string& name, const std::string& driver,
                                      const Settings& settings) {
-    AppendSection(folder_ / "system/odbc.ini", name, WithDriver(driver, settings));
+    AppendSection(SystemFile(), name, WithDriver(driver, settings));
 }
 
 std::string OdbcFolder::UnusedName() {
@@ -57,7 +50,7 @@ std::string OdbcFolder::UnusedName() {
 }
 
 std::string OdbcFolder::DriverLibrary(const std::string& fileName) {
-    const fs::path root = "/usr/lib";
+    const fs::path root = LibraryFolder();
     std::vector<fs::path> places{root / "odbc" / fileName, root / fileName};
     for (const auto& entry : fs::directory_iterator(root)) {
         if (!entry.is_directory()) continue;
@@ -66,7 +59,7 @@ std::string OdbcFolder::DriverLibrary(const std::string& fileName) {
     }
     for (const fs::path& place : places) {
         std::error_code unreadable;  // a folder that may not be read holds no driver for this process
-        if (fs::exists(place, unreadable)) return place.string();
+        if (fs::exists(place, unreadable)) return DriversPath(place.string());
     }
     ADD_FAILURE() << "the driver " << fileName << " is not installed";
     return fileName;

@@ -4,13 +4,12 @@
 #include <utility>
 #include <vector>
 
-#include "support/TempFolder.h"
-
 namespace ventlock::test {
 
 /// The driver manager's own files for this process and its children, in a temporary folder: the drivers that
 /// are installed on the machine and the data sources that tests add. The files of user and machine stay
-/// untouched.
+/// untouched. Under Wine it is the driver manager of the system below: the folder was made, and named in the
+/// environment, by what started the process.
 class OdbcFolder {
  public:
     using Settings = std::vector<std::pair<std::string, std::string>>;
@@ -31,13 +30,14 @@ class OdbcFolder {
     /// The path of an installed driver library, e.g. "libsqlite3odbc.so"; fails the test when it is missing.
     static std::string DriverLibrary(const std::string& fileName);
 
-    [[nodiscard]] std::string UserFile() const { return folder_ / "odbc.ini"; }
-    [[nodiscard]] std::string DriverFile() const { return folder_ / "system/odbcinst.ini"; }
+    [[nodiscard]] std::string UserFile() const { return path_ + "/odbc.ini"; }
+    [[nodiscard]] std::string SystemFile() const { return path_ + "/system/odbc.ini"; }
+    [[nodiscard]] std::string DriverFile() const { return path_ + "/system/odbcinst.ini"; }
 
  private:
     OdbcFolder();
 
-    TempFolder folder_;
+    std::string path_;
     int names_ = 0;
 };
 

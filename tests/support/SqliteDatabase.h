@@ -6,6 +6,7 @@
 
 #include "support/DeviceSchema.h"
 #include "support/OdbcFolder.h"
+#include "support/OdbcHost.h"
 #include "support/OdbcProbe.h"
 #include "support/TempFolder.h"
 
@@ -29,6 +30,9 @@ class SqliteDatabase {
 
     /// The path of the database file.
     [[nodiscard]] std::string File() const { return folder_ / "device.db"; }
+
+    /// The path by which the driver knows it.
+    [[nodiscard]] std::string DriversFile() const { return DriversPath(File()); }
 
     /// For setting up; a failing statement fails the test.
     void Execute(std::string_view sql) { probe_->Execute(sql); }

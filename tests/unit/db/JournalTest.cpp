@@ -189,7 +189,7 @@ TEST(Journal, TellsTheFactsOfTheConnectionBelow) {
     DbWorld world;
     const ConnectionFacts facts = DatabaseOf(&world.Objects()).Facts();
     EXPECT_EQ(facts.product, "SQLite");
-    EXPECT_EQ(facts.database, world.Database().File());
+    EXPECT_EQ(facts.database, world.Database().DriversFile());
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "support/MockDriver.h"
 #include "support/Raised.h"
 #include "support/SqliteDatabase.h"
 #include "unit/odbc/OdbcTest.h"
@@ -58,22 +57,6 @@ TEST(OdbcConnection, AMissingDriverLibraryFailsWithItsName) {
                     "found (0)"});
 }
 
-TEST(OdbcConnection, AWarningOnConnectingIsSuccess) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    Engine engine;
-    engine.Open(driver.ConnectString("with_info"))->Execute("anything");
-    EXPECT_EQ(driver.Executions(), 1);
-}
-
-TEST(OdbcConnection, ThePasswordOfAConnectStringIsInNoDiagnostic) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    const std::string connect = driver.ConnectString("refuses_connect");
-    const std::string source = connect.substr(connect.find("DSN="));
-    Engine engine;
-    EXPECT_EQ(DiagnosticsOf([&] { engine.Open("ODBC;UID=sa;PWD={hunter2;x};" + source); }),
-              Texts{"[28000] No login with UID=sa;PWD=***;" + source + " (18)"});
-}
-
 TEST(OdbcConnection, EveryStatementIsCommittedByItself) {
     SqliteDatabase database;
     Engine engine;
@@ -106,35 +89,7 @@ TEST(OdbcConnection, TellsItsFacts) {
     EXPECT_EQ(facts.productVersion.substr(0, 2), "3.");
     EXPECT_EQ(facts.driverVersion.substr(0, 2), "0.");
     EXPECT_EQ(facts.driverManager.substr(0, 3), "03.");
-    EXPECT_EQ(facts.database, database.File());
-}
-
-TEST(OdbcConnection, FactsThatTheDriverDoesNotTellAreEmpty) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    Engine engine;
-    const ConnectionFacts facts = engine.Open(driver.ConnectString("obedient"))->Facts();
-    EXPECT_EQ(facts.driver, "mock");
-    EXPECT_EQ(facts.product, "Möck Ω");
-    EXPECT_EQ(facts.driverVersion, "");
-    EXPECT_EQ(facts.productVersion, "");
-    EXPECT_EQ(facts.database, "");
-}
-
-TEST(OdbcConnection, ABrokenLinkRefusesLaterCalls) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    Engine engine;
-    for (const std::string manner : {"breaks_link", "loses_link"}) {
-        const auto connection = engine.Open(driver.ConnectString(manner));
-        const auto table = connection->OpenRecordset("Manufacturers", RecordsetType::Dynaset);
-        EXPECT_EQ(NumberRaisedBy([&] { connection->Execute("x"); }), 3146) << manner;
-        EXPECT_EQ(NumberRaisedBy([&] { connection->Execute("x"); }), 3420) << manner;
-        EXPECT_EQ(NumberRaisedBy([&] { Snapshot(*connection, "x"); }), 3420) << manner;
-        EXPECT_EQ(NumberRaisedBy([&] { connection->Facts(); }), 3420) << manner;
-        table->AddNew();
-        EXPECT_EQ(DescriptionRaisedBy([&] { table->Update(); }), "Object invalid or no longer set.")
-            << manner;
-    }
-    EXPECT_EQ(driver.Executions(), 2);
+    EXPECT_EQ(facts.database, database.DriversFile());
 }
 
 TEST(OdbcConnection, AFailureThatBreaksNothingLeavesTheLinkUsable) {

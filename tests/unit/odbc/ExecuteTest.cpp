@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "support/MockDriver.h"
 #include "support/Raised.h"
 #include "support/SqliteDatabase.h"
 #include "unit/odbc/OdbcTest.h"
@@ -35,13 +34,6 @@ TEST_F(Execute, AStatementThatChangesNoRowIsSuccess) {
         "update Manufacturers    set Name = 'A',        Description = 'B'  where TAVMfrNameID = 7 ");
     connection_->Execute("delete   from Manufacturers  where TavMfrNameId = 1 ");
     EXPECT_EQ(database_.Rows("SELECT * FROM Manufacturers"), "");
-}
-
-TEST_F(Execute, NoDataAndAWarningOfTheDriverAreSuccess) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    engine_.Open(driver.ConnectString("no_data"))->Execute("x");
-    engine_.Open(driver.ConnectString("with_info"))->Execute("x");
-    EXPECT_EQ(driver.Executions(), 2);
 }
 
 TEST_F(Execute, ABareMarkerFailsAndChangesNothing) {
@@ -112,23 +104,6 @@ TEST_F(Execute, ATextPastItsLimitFails) {
               }),
               3146);
     EXPECT_EQ(database_.Rows("SELECT TavMfrNameId FROM Manufacturers"), "1\n");
-}
-
-TEST_F(Execute, AllRecordsOfTheDriverAreKeptWhole) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    const auto connection = engine_.Open(driver.ConnectString("three_records"));
-    const auto failing = [&] { connection->Execute("x"); };
-    EXPECT_EQ(
-        DiagnosticsOf(failing),
-        (Texts{"[42000] first (1)", "[HY000] " + std::string(3000, 'x') + " (2)", "[01000] thiΩrd (-3)"}));
-    EXPECT_EQ(DescriptionRaisedBy(failing), "ODBC--call failed. [42000] first (1)");
-}
-
-TEST_F(Execute, ADriverThatGivesNoReasonIsSaidToGiveNone) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    const auto connection = engine_.Open(driver.ConnectString("no_record"));
-    EXPECT_EQ(DiagnosticsOf([&] { connection->Execute("x"); }),
-              Texts{"[HY000] The driver gave no reason (0)"});
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "support/MockDriver.h"
 #include "support/Raised.h"
 #include "support/SqliteDatabase.h"
 #include "unit/odbc/OdbcTest.h"
@@ -67,14 +66,6 @@ TEST_F(NewRecord, KeepsAnEmptyTextApartFromNull) {
 TEST_F(NewRecord, TakesANumberBeyond32Bits) {
     Add(4294967295.0, "A");
     EXPECT_EQ(database_.Rows("SELECT DevMfrId FROM MfrIds"), "4294967295\n");
-}
-
-TEST_F(NewRecord, OpeningTheTableRunsNoStatement) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    const auto connection = engine_.Open(driver.ConnectString("obedient"));
-    const auto table = connection->OpenRecordset("MfrIds", RecordsetType::Dynaset);
-    EXPECT_TRUE(table->AtEnd());
-    EXPECT_EQ(driver.Executions(), 0);
 }
 
 TEST_F(NewRecord, WithADuplicateKeyFails) {

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "support/MockDriver.h"
 #include "support/Raised.h"
 #include "support/SqliteDatabase.h"
 #include "unit/odbc/OdbcTest.h"
@@ -197,27 +196,6 @@ TEST(Snapshot, OfAMissingTableFailsWithTheDriversDiagnostics) {
     EXPECT_EQ(DescriptionRaisedBy(open),
               "ODBC--call failed. [HY000] [SQLite]no such table: __version (1) (1)");
     EXPECT_EQ(NumberRaisedBy(open), 3146);
-}
-
-TEST(Snapshot, ADriverThatGivesSmallerBlocksLosesNoRow) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    Engine engine;
-    const auto connection = engine.Open(driver.ConnectString("small_blocks"));
-    const auto rows = Snapshot(*connection, "x");
-    EXPECT_EQ(rows->Columns(), std::vector<std::string>{"Ω"});
-    EXPECT_EQ(RowsOf(*rows), "one\nΩ\nthree\nfour\nfive\n");
-    EXPECT_EQ(driver.Executions(), 1);
-}
-
-TEST(Snapshot, AWideCellLongerThanItsColumnIsSaidToBeIsNotCut) {
-    MockDriver driver(VENTLOCK_MOCK_DRIVER);
-    Engine engine;
-    const auto connection = engine.Open(driver.ConnectString("long_cell"));
-    std::string expected;
-    for (int i = 0; i < 5000; ++i) expected += "中";
-    const auto rows = Snapshot(*connection, "x");
-    EXPECT_TRUE(RowsOf(*rows) == expected + "\n");  // too long to be printed
-    EXPECT_EQ(driver.Executions(), 2) << "once more, row by row";
 }
 
 TEST(Snapshot, TakesNoNewRecord) {

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <functional>
 #include <string>
 
-#include "support/MockDriver.h"
 #include "support/Raised.h"
 #include "support/SqliteDatabase.h"
 #include "unit/odbc/OdbcTest.h"
+#include "unit/odbc/TimeLimits.h"
 
 namespace ventlock::test {
 namespace {
@@ -15,140 +14,7 @@ namespace {
 using std::chrono::milliseconds;
 using Texts = std::vector<std::string>;
 
-constexpr DatabaseTimeLimits kShort{milliseconds(200), milliseconds(300), milliseconds(400)};
-
-milliseconds TimeOf(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - start);
-}
-
-class TimeLimit : public ::testing::Test {
- protected:
-    MockDriver driver_{VENTLOCK_MOCK_DRIVER};
-    Engine engine_{kShort};
-};
-
-TEST_F(TimeLimit, OfTheLoginHoldsWhateverTheDriverDoes) {
-    Texts texts;
-    const milliseconds time = TimeOf(
-        [&] { texts = DiagnosticsOf([&] { engine_.Open(driver_.ConnectString("hangs_in_connect")); }); });
-    EXPECT_EQ(texts, Texts{"[HYT01] The database did not answer within 0.2 s (0)"});
-    EXPECT_GE(time, kShort.login);
-    EXPECT_LT(time, milliseconds(5000));
-}
-
-TEST_F(TimeLimit, OfTheLoginLeavesTheEngineUsable) {
-    EXPECT_EQ(NumberRaisedBy([&] { engine_.Open(driver_.ConnectString("hangs_in_connect")); }), 3146);
-    driver_.WaitForHanging(1);
-    engine_.Open(driver_.ConnectString("obedient"))->Execute("x");
-    EXPECT_EQ(driver_.Executions(), 1);
-    SqliteDatabase database;
-    EXPECT_EQ(RowsOf(*Snapshot(*engine_.Open(database.ConnectString()), "SELECT Major FROM __version")),
-              "1\n");
-}
-
-TEST_F(TimeLimit, OfAStatementHoldsWhenTheDriverIgnoresCancelling) {
-    const auto connection = engine_.Open(driver_.ConnectString("hangs_in_execute"));
-    Texts texts;
-    const milliseconds time = TimeOf([&] { texts = DiagnosticsOf([&] { connection->Execute("x"); }); });
-    EXPECT_EQ(texts, Texts{"[HYT00] The database did not answer within 0.3 s (0)"});
-    EXPECT_EQ(driver_.Cancels(), 1);
-    EXPECT_GE(time, kShort.query + kShort.grace);
-    EXPECT_LT(time, milliseconds(5000));
-}
-
-TEST_F(TimeLimit, AConnectionThatWasGivenUpIsDead) {
-    auto connection = engine_.Open(driver_.ConnectString("hangs_in_execute"));
-    const auto table = connection->OpenRecordset("t", RecordsetType::Dynaset);
-    EXPECT_EQ(NumberRaisedBy([&] { connection->Execute("x"); }), 3146);
-    EXPECT_EQ(NumberRaisedBy([&] { connection->Execute("x"); }), 3420);
-    EXPECT_EQ(NumberRaisedBy([&] { Snapshot(*connection, "x"); }), 3420);
-    table->AddNew();
-    EXPECT_EQ(NumberRaisedBy([&] { table->Update(); }), 3420);
-    EXPECT_EQ(driver_.Executions(), 1);
-    const milliseconds time = TimeOf([&] { connection.reset(); });
-    EXPECT_LT(time, kShort.grace) << "closing must not wait for the driver";
-    driver_.WaitForHanging(1);
-}
-
-TEST_F(TimeLimit, AStatementThatIsCancelledInTimeGivesTheLimitAndTheDriversWords) {
-    const auto connection = engine_.Open(driver_.ConnectString("hangs_until_cancelled"));
-    const auto failing = [&] { connection->Execute("x"); };
-    const Texts expected{"[HYT00] The database did not answer within 0.3 s (0)",
-                         "[HY008] Operation cancelled (57)"};
-    EXPECT_EQ(DiagnosticsOf(failing), expected);
-    EXPECT_EQ(DiagnosticsOf(failing), expected) << "the connection stays usable";
-    EXPECT_EQ(DiagnosticsOf([&] { Snapshot(*connection, "x"); }), expected);
-    EXPECT_EQ(driver_.Cancels(), 3);
-}
-
-TEST_F(TimeLimit, AChangeThatWasCarriedOutAfterAllIsASuccessAndAReadingIsNot) {
-    const auto connection = engine_.Open(driver_.ConnectString("succeeds_when_cancelled"));
-    EXPECT_EQ(DiagnosticsOf([&] { connection->Execute("x"); }), Texts{"none"});
-    EXPECT_EQ(driver_.Cancels(), 1);
-    EXPECT_EQ(DiagnosticsOf([&] { Snapshot(*connection, "x"); }),
-              (Texts{"[HYT00] The database did not answer within 0.3 s (0)",
-                     "[HY008] The call was cancelled (0)"}));
-}
-
-TEST_F(TimeLimit, ADriverThatHangsInDisconnectingHoldsNobodyUp) {
-    auto connection = engine_.Open(driver_.ConnectString("hangs_in_disconnect"));
-    const milliseconds time = TimeOf([&] { connection.reset(); });
-    driver_.WaitForHanging(1);
-    EXPECT_LT(time, milliseconds(5000));
-}
-
-TEST_F(TimeLimit, EventsRunWhileTheDatabaseIsWaitedFor) {
-    const auto connection = engine_.Open(driver_.ConnectString("hangs_until_cancelled"));
-    engine_.events.yields = 0;
-    EXPECT_EQ(NumberRaisedBy([&] { connection->Execute("x"); }), 3146);
-    EXPECT_GE(engine_.events.yields, 5);
-    EXPECT_LE(engine_.events.yields, 71) << "no more than one in 10 ms of 0.7 s";
-}
-
-TEST_F(TimeLimit, AnEventMayUseTheConnectionThatIsWaitedFor) {
-    struct Nested final : IEvents {
-        IConnection* connection = nullptr;
-        int calls = 0;
-        Texts texts;
-        MockDriver* driver = nullptr;
-        void Yield() override {
-            if (connection == nullptr || calls++ > 0) return;
-            texts = DiagnosticsOf([this] { Snapshot(*connection, "inner"); });
-        }
-    };
-    Nested events;
-    const auto engine = CreateOdbcEngine(events, kShort);
-    const auto connection =
-        engine->CreateWorkspace("", "sa", "", WorkspaceType::Odbc)
-            ->OpenConnection("", std::nullopt, false, driver_.ConnectString("hangs_in_execute"));
-    events.connection = connection.get();
-    EXPECT_EQ(NumberRaisedBy([&] { connection->Execute("outer"); }), 3146);
-    EXPECT_EQ(events.texts, Texts{"[HYT00] The database did not answer within 0.3 s (0)"});
-}
-
-TEST_F(TimeLimit, AnEventMayCloseTheConnectionThatIsWaitedFor) {
-    struct Closing final : IEvents {
-        std::unique_ptr<IConnection>* connection = nullptr;
-        void Yield() override {
-            if (connection != nullptr) connection->reset();
-        }
-    };
-    Closing events;
-    const auto engine = CreateOdbcEngine(events, kShort);
-    auto connection =
-        engine->CreateWorkspace("", "sa", "", WorkspaceType::Odbc)
-            ->OpenConnection("", std::nullopt, false, driver_.ConnectString("hangs_until_cancelled"));
-    events.connection = &connection;
-    IConnection* const used = connection.get();
-    EXPECT_EQ(
-        DiagnosticsOf([&] { used->Execute("x"); }),
-        (Texts{"[HYT00] The database did not answer within 0.3 s (0)", "[HY008] Operation cancelled (57)"}));
-    EXPECT_EQ(connection, nullptr);
-}
-
-TEST_F(TimeLimit, ALockedDatabaseFailsWithTheDriversWordsWhenTheDriverIsNotPatient) {
+TEST(TimeLimit, ALockedDatabaseFailsWithTheDriversWordsWhenTheDriverIsNotPatient) {
     SqliteDatabase database(DeviceSchema::Current, {{"Timeout", "20"}});
     Engine engine({milliseconds(5000), milliseconds(5000), milliseconds(2000)});
     const auto connection = engine.Open(database.ConnectString());
@@ -162,9 +28,10 @@ TEST_F(TimeLimit, ALockedDatabaseFailsWithTheDriversWordsWhenTheDriverIsNotPatie
     EXPECT_EQ(database.Rows("SELECT * FROM Manufacturers"), "2|A|B\n");
 }
 
-TEST_F(TimeLimit, ALockedDatabaseHoldsNobodyUpWhenTheDriverIsPatient) {
+TEST(TimeLimit, ALockedDatabaseHoldsNobodyUpWhenTheDriverIsPatient) {
     SqliteDatabase database(DeviceSchema::Current, {{"Timeout", "30000"}});
-    const auto connection = engine_.Open(database.ConnectString());
+    Engine engine(kShort);
+    const auto connection = engine.Open(database.ConnectString());
     database.Lock();
     Texts texts;
     const milliseconds time = TimeOf([&] {
@@ -177,9 +44,10 @@ TEST_F(TimeLimit, ALockedDatabaseHoldsNobodyUpWhenTheDriverIsPatient) {
     database.Unlock();  // the driver's wait ends, and with it the thread that was given up
 }
 
-TEST_F(TimeLimit, AStatementThatComputesTooLongIsCancelled) {
+TEST(TimeLimit, AStatementThatComputesTooLongIsCancelled) {
     SqliteDatabase database;
-    const auto connection = engine_.Open(database.ConnectString());
+    Engine engine(kShort);
+    const auto connection = engine.Open(database.ConnectString());
     const auto endless = [&] {
         Snapshot(*connection,
                  "WITH RECURSIVE c(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM c) SELECT count(*) FROM c");
