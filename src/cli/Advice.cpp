@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/Casing.h"
+#include "platform/odbc/DriverAdvice.h"
 
 namespace ventlock {
 namespace {
@@ -33,11 +34,11 @@ std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOp
     }
     if (isOpen)
         return "The data source does not lead to a device database: its table \"__version\" cannot be read.";
-    if (Mention(diagnostics, {"[IM014]"})) {
-        return "The driver is of another word size than this program. Install the driver for this one.";
+    if (odbc::TellOtherWordSize(diagnostics)) {
+        return "The driver is of another word size than this program. " + odbc::WordSizeAdvice();
     }
     if (Mention(diagnostics, {"can't open lib", "file not found", "[IM003]", "[IM004]", "[IM005]"})) {
-        return "The data source's driver is not installed. Install it, or name its library in odbcinst.ini.";
+        return "The data source's driver is not installed. " + odbc::MissingDriverAdvice();
     }
     if (Mention(diagnostics, {"[IM002]", "No data source"})) {
         return "List the known ones with \"ventlock-cli database sources\", or make one with \"ventlock-cli "
