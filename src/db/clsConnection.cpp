@@ -18,13 +18,19 @@ bool clsConnection::Connect() {
     return Guarded(oAppObjects_, "CONNconn", false, [&](StepLabel& step) {
         connection_.reset();
         workspace_.reset();
+        diagnostics_.clear();
         step = "01";
         engine_ = createEngine_();
         step = "01.1";
         workspace_ = engine_->CreateWorkspace("", "sa", "", WorkspaceType::Odbc);
         step = "02";
-        connection_ =
-            workspace_->OpenConnection("", std::nullopt, false, "ODBC;UID=sa;PWD=;DSN=" + dataSource_);
+        try {
+            connection_ =
+                workspace_->OpenConnection("", std::nullopt, false, "ODBC;UID=sa;PWD=;DSN=" + dataSource_);
+        } catch (const RunTimeError& error) {
+            diagnostics_ = error.Diagnostics();
+            throw;
+        }
         return true;
     });
 }

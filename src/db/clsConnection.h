@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
@@ -31,6 +32,9 @@ class clsConnection final : public AppObject {
     /// replaced by the next Init.
     [[nodiscard]] IConnection* DB() const noexcept { return connection_.get(); }
 
+    /// The driver's records of the last connect when it failed, in their order; none after a good one.
+    [[nodiscard]] const std::vector<std::string>& Diagnostics() const noexcept { return diagnostics_; }
+
  private:
     bool Connect();
 
@@ -40,6 +44,7 @@ class clsConnection final : public AppObject {
     std::unique_ptr<IDBEngine> engine_;
     std::unique_ptr<IWorkspace> workspace_;
     std::unique_ptr<IConnection> connection_;
+    std::vector<std::string> diagnostics_;
     const AppObjects* oAppObjects_ = nullptr;
 };
 

@@ -11,7 +11,9 @@
 #include "db/ConnectDatabase.h"
 #include "db/ReferenceLists.h"
 #include "db/SchemaVersion.h"
+#include "db/clsConnection.h"
 #include "entry/EntrySettings.h"
+#include "platform/odbc/DriverAdvice.h"
 #include "ui/frmMain.h"
 #include "ui/modMain.h"
 
@@ -91,7 +93,13 @@ void frmMain::LoadDictionary() {
 }
 
 bool frmMain::ConnectDatabase() {
-    return ventlock::ConnectDatabase(oAppObjects_, services_.events, records_.Facade(), schemaVersion_);
+    if (ventlock::ConnectDatabase(oAppObjects_, services_.events, records_.Facade(), schemaVersion_))
+        return true;
+    // A driver manager's words for it, "architecture mismatch", tell few what to do.
+    if (odbc::TellOtherWordSize(oAppObjects_.Get<clsConnection>(kConnectionKey).Diagnostics())) {
+        oAppObjects_.Get<clsLog>(kLogKey).Log(odbc::WordSizeAdvice());
+    }
+    return false;
 }
 
 bool frmMain::FillLists() {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "gui/GuiWorld.h"
+#include "platform/odbc/DriverAdvice.h"
 #include "support/DbWorld.h"
 #include "support/LogEntry.h"
 #include "ui/modMain.h"
@@ -43,6 +44,17 @@ TEST(Connect, WithoutAReachableDataSourceOnlyTheDatabaseCannotBeWritten) {
     window.mnuWriteINI_Click();
     EXPECT_THAT(world.messages.Texts(), ElementsAre("The entry has been inserted."));
     EXPECT_THAT(world.Statements(), IsEmpty());
+}
+
+TEST(Connect, WithADriverOfAnotherWordSizeSaysWhichOneIsNeeded) {
+    const std::string record = "[IM014] The specified DSN contains an architecture mismatch (0)";
+    GuiWorld world;
+    world.createEngine = RefusingConnect(RunTimeError::OdbcCallFailed({record}));
+    const frmMain& window = world.Start();
+    EXPECT_THAT(world.LogEntries(),
+                ElementsAre("CONNconn-02: ODBC--call failed. " + record + " (3146)", odbc::WordSizeAdvice()));
+    EXPECT_EQ(world.messages.Texts(), world.LogEntries());
+    EXPECT_FALSE(window.IsConnected());
 }
 
 TEST(Connect, ToAnUnsupportedSchemaGivesOneEntryAndLeavesTheWindowUnconnected) {

@@ -87,4 +87,35 @@ inline EngineFactory Failing(EngineFactory createEngine, StatementFailure& failu
     };
 }
 
+/// Engines whose every connect fails with `error`.
+inline EngineFactory RefusingConnect(RunTimeError error) {
+    class Workspace final : public IWorkspace {
+     public:
+        explicit Workspace(RunTimeError error) : error_(std::move(error)) {}
+        std::unique_ptr<IConnection> OpenConnection(std::string_view /*name*/, std::optional<int> /*options*/,
+                                                    bool /*readOnly*/,
+                                                    std::string_view /*connect*/) override {
+            throw RunTimeError(error_);
+        }
+
+     private:
+        RunTimeError error_;
+    };
+    class Engine final : public IDBEngine {
+     public:
+        explicit Engine(RunTimeError error) : error_(std::move(error)) {}
+        std::unique_ptr<IWorkspace> CreateWorkspace(std::string_view /*name*/, std::string_view /*user*/,
+                                                    std::string_view /*password*/,
+                                                    WorkspaceType /*type*/) override {
+            return std::make_unique<Workspace>(error_);
+        }
+
+     private:
+        RunTimeError error_;
+    };
+    return [error = std::move(error)]() -> std::unique_ptr<IDBEngine> {
+        return std::make_unique<Engine>(error);
+    };
+}
+
 }  // namespace ventlock::test

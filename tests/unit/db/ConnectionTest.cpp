@@ -166,6 +166,17 @@ TEST(Connection, AnUnknownDataSourceIsLoggedAndLeavesNoConnection) {
     EXPECT_EQ(NumberRaisedBy([&] { DatabaseOf(&world.Objects()); }), 91);
 }
 
+TEST(Connection, TheDriversRecordsOfAFailedConnectAreKeptUntilTheNextConnect) {
+    DbWorld world;
+    EXPECT_THAT(world.Connection().Diagnostics(), IsEmpty());
+    EXPECT_FALSE(world.Connect("nowhere"));
+    EXPECT_THAT(world.Connection().Diagnostics(),
+                ElementsAre("[IM002] [unixODBC][Driver Manager]Data source name not found and no default "
+                            "driver specified (0)"));
+    EXPECT_TRUE(world.Connect(world.Dsn()));
+    EXPECT_THAT(world.Connection().Diagnostics(), IsEmpty());
+}
+
 TEST(Connection, AnEmptyDataSourceNameFailsWith3146) {
     DbWorld world;
     EXPECT_FALSE(world.Connect(""));
