@@ -224,6 +224,8 @@ TEST_F(DDInstallFailure, ReadOnlyFileFailsAtItsSave) {
     EXPECT_FALSE(Write());
     EXPECT_EQ(ReadBytes(Path()), kOld);
     EXPECT_THAT(Entries(), ElementsAre(EntryText("DDwddi-02", ErrorNumber::PathFileAccessError)));
+    fs::permissions(Path(),
+                    fs::perms::owner_all);  // else it would stay where a read-only file cannot be removed
 }
 
 TEST_F(DDInstallFailure, MissingFolderFailsAtTheSaveAndIsNotCreated) {

@@ -79,6 +79,8 @@ TEST_F(PyxConfigFailure, ReadOnlyFileIsFalseAndGetsNoBak) {
     EXPECT_EQ(ReadBytes(Path()), kOld);
     EXPECT_EQ(folder_.Listing(), "Pyx.ini");
     EXPECT_THAT(Entries(), ElementsAre(EntryText("INIins-01", ErrorNumber::PathFileAccessError)));
+    fs::permissions(Path(),
+                    fs::perms::owner_all);  // else it would stay where a read-only file cannot be removed
 }
 
 TEST_F(PyxConfigFailure, PathOfAFolderIsRefused) {
