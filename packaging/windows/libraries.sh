@@ -92,7 +92,8 @@ mkdir "$work/wx"
 (
     cd "$work/wx"
     run "$work"/wxwidgets3.2-*/configure --host="$target" --prefix="$folder" "${wx_options[@]}" \
-        CC="$target-gcc-posix" CXX="$target-g++-posix" CFLAGS=-O2 CXXFLAGS="-O2 -std=gnu++20"
+        CC="$target-gcc-posix" CXX="$target-g++-posix" CFLAGS=-O2 \
+        CXXFLAGS="-O2 -std=gnu++20 -ffile-prefix-map=$work=."
     run make -j"$(nproc)"
     run make install
 )

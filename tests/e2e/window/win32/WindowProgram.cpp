@@ -47,6 +47,7 @@ std::vector<HWND> TopLevel(DWORD process) {
 
 /// What is shown below a window, in the order in which Tab goes through it.
 std::vector<HWND> Shown(HWND window) {
+    if (window == nullptr) return {};  // the system would take that for the whole desktop
     std::vector<HWND> children = Windows(EnumChildWindows, window);
     std::erase_if(children, [](HWND child) { return !IsWindowVisible(child); });
     return children;
@@ -74,6 +75,10 @@ std::wstring TextOf(HWND window) {
 std::wstring WithoutAccessKeys(std::wstring caption) {
     std::erase(caption, L'&');
     return caption;
+}
+
+bool IsMessageBox(HWND window) {
+    return ClassOf(window) == L"#32770";
 }
 
 bool IsField(HWND window) {
@@ -121,16 +126,11 @@ void SendKeys(const std::vector<WORD>& keys) {
 
 }  // namespace
 
-WindowProgram::WindowProgram(const ProgramCall& call, const std::wstring& title)
+WindowProgram::WindowProgram(const ProgramCall& call)
     : running_(call),
       process_(static_cast<DWORD>(running_.Process())),
       result_(std::async(std::launch::async, [this] { return running_.Wait(); })) {
-    Await("the window " + FromWideText(title), [&] {
-        for (const HWND window : TopLevel(process_))
-            if (TextOf(window) == title) window_ = window;
-        return window_ != nullptr;
-    });
-    Await("the window in front", [this] { return IsInFront(); });
+    Await("a window in front", [this] { return IsInFront(); });
 }
 
 WindowProgram::~WindowProgram() {
@@ -169,18 +169,20 @@ void WindowProgram::Await(const std::string& what, const std::function<bool()>& 
     StopTest("Waited in vain for " + what + ".\n" + Told());
 }
 
+// The system gives a new program's window the keyboard by itself, unless its user is at work elsewhere.
 bool WindowProgram::IsInFront() const {
     DWORD owner = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &owner);
     if (owner == process_) return true;
-    SetForegroundWindow(window_);
+    const HWND box = MessageBox();
+    SetForegroundWindow(box != nullptr ? box : MainWindow());
     return false;
 }
 
 HWND WindowProgram::Focus() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof(info);
-    if (!GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &info)) return nullptr;
+    if (!GetGUIThreadInfo(GetWindowThreadProcessId(GetForegroundWindow(), nullptr), &info)) return nullptr;
     // What can be typed in an editable list is a control of its own within it.
     const HWND parent = GetParent(info.hwndFocus);
     return ClassOf(parent) == L"ComboBox" ? parent : info.hwndFocus;
@@ -188,7 +190,7 @@ HWND WindowProgram::Focus() const {
 
 HWND WindowProgram::Field(const std::wstring& label) const {
     bool isNext = false;
-    for (const HWND child : Shown(window_)) {
+    for (const HWND child : Shown(MainWindow())) {
         if (isNext && IsField(child)) return child;
         if (TextOf(child) == label + L":" && ClassOf(child) == L"Static") isNext = true;
     }
@@ -196,14 +198,20 @@ HWND WindowProgram::Field(const std::wstring& label) const {
 }
 
 HWND WindowProgram::Button(const std::wstring& caption) const {
-    for (const HWND child : Shown(window_))
+    for (const HWND child : Shown(MainWindow()))
         if (ClassOf(child) == L"Button" && WithoutAccessKeys(TextOf(child)) == caption) return child;
     return nullptr;
 }
 
 HWND WindowProgram::MessageBox() const {
     for (const HWND window : TopLevel(process_))
-        if (ClassOf(window) == L"#32770") return window;
+        if (IsMessageBox(window)) return window;
+    return nullptr;
+}
+
+HWND WindowProgram::MainWindow() const {
+    for (const HWND window : TopLevel(process_))
+        if (GetMenu(window) != nullptr) return window;
     return nullptr;
 }
 
@@ -235,26 +243,17 @@ void WindowProgram::ExpectSelected(const std::wstring& label, const std::vector<
 
 void WindowProgram::ExpectShown(const std::wstring& text) const {
     Await("the label \"" + FromWideText(text) + "\"", [&] {
-        const std::vector<HWND> children = Shown(window_);
+        const std::vector<HWND> children = Shown(MainWindow());
         return std::any_of(children.begin(), children.end(),
                            [&](HWND child) { return ClassOf(child) == L"Static" && TextOf(child) == text; });
     });
 }
 
-void WindowProgram::ExpectMenuItem(int menu, const std::wstring& caption) const {
-    Await("the menu item " + FromWideText(caption), [&] {
+void WindowProgram::ExpectMenu() const {
+    Await("a menu", [&] {
         const std::vector<HWND> windows = TopLevel(process_);
-        if (std::none_of(windows.begin(), windows.end(),
-                         [](HWND window) { return ClassOf(window) == L"#32768"; }))
-            return false;
-        const HMENU opened = GetSubMenu(GetMenu(window_), menu);
-        for (int i = 0; i < GetMenuItemCount(opened); ++i) {
-            std::array<wchar_t, 128> text{};
-            GetMenuStringW(opened, static_cast<UINT>(i), text.data(), static_cast<int>(text.size()),
-                           MF_BYPOSITION);
-            if (WithoutAccessKeys(text.data()) == caption) return true;
-        }
-        return false;
+        return std::any_of(windows.begin(), windows.end(),
+                           [](HWND window) { return ClassOf(window) == L"#32768"; });
     });
 }
 

@@ -17,8 +17,8 @@ namespace ventlock::test {
 /// fails the test and leaves it.
 class WindowProgram {
  public:
-    /// Starts it and waits for its window of this title to be in front.
-    WindowProgram(const ProgramCall& call, const std::wstring& title);
+    /// Starts it and waits for a window of its to be in front, the main one or a message box.
+    explicit WindowProgram(const ProgramCall& call);
 
     /// Ends it by force when it has not ended before.
     ~WindowProgram();
@@ -36,8 +36,8 @@ class WindowProgram {
     /// A label of exactly this text is shown.
     void ExpectShown(const std::wstring& text) const;
 
-    /// The item of a menu that is open.
-    void ExpectMenuItem(int menu, const std::wstring& caption) const;
+    /// A menu has come down.
+    void ExpectMenu() const;
 
     /// Waits for a message box, presses Return in it, waits until it has gone.
     /// @return its text
@@ -58,6 +58,7 @@ class WindowProgram {
     [[nodiscard]] bool HasEnded() const;
 
  private:
+    [[nodiscard]] HWND MainWindow() const;
     [[nodiscard]] HWND MessageBox() const;
     [[nodiscard]] HWND Field(const std::wstring& label) const;
     [[nodiscard]] HWND Button(const std::wstring& caption) const;
@@ -69,7 +70,6 @@ class WindowProgram {
     RunningProgram running_;
     DWORD process_;
     std::shared_future<ProgramResult> result_;
-    HWND window_ = nullptr;
 };
 
 }  // namespace ventlock::test
