@@ -96,14 +96,10 @@ void frmMain::BindEvents() {
     });
 }
 
-// Keys that no menu shows, and those of the clipboard, which one port of the toolkit gives to a text field
-// first. The toolkit turns the tabs' pages only while one of their fields has the focus.
+// Keys that no menu shows. The toolkit turns the tabs' pages only while one of their fields has the focus.
 void frmMain::BindKeys() {
     const std::array keys{
         wxAcceleratorEntry(wxACCEL_NORMAL, WXK_F1, menu_.mnuHelpContents->GetId()),
-        wxAcceleratorEntry(wxACCEL_CTRL, 'X', menu_.mnuCut->GetId()),
-        wxAcceleratorEntry(wxACCEL_CTRL, 'C', menu_.mnuCopy->GetId()),
-        wxAcceleratorEntry(wxACCEL_CTRL, 'V', menu_.mnuPaste->GetId()),
         wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEDOWN, nextPageId_),
         wxAcceleratorEntry(wxACCEL_CTRL, WXK_PAGEUP, previousPageId_),
     };
@@ -116,6 +112,22 @@ void frmMain::BindKeys() {
         wxEVT_MENU, [turn](wxCommandEvent&) { turn(true); }, nextPageId_);
     Bind(
         wxEVT_MENU, [turn](wxCommandEvent&) { turn(false); }, previousPageId_);
+    Bind(wxEVT_CHAR_HOOK, &frmMain::TakeClipboardKey, this);
+}
+
+// The shortcuts of the menu by themselves would not do: each port of the toolkit gives them to a text field
+// first.
+void frmMain::TakeClipboardKey(wxKeyEvent& event) {
+    switch (event.GetModifiers() == wxMOD_CONTROL ? event.GetKeyCode() : WXK_NONE) {
+        case 'X':
+            return mnuCut_Click();
+        case 'C':
+            return mnuCopy_Click();
+        case 'V':
+            return mnuPaste_Click();
+        default:
+            event.Skip();
+    }
 }
 
 void frmMain::txtMain_Change() {

@@ -134,6 +134,7 @@ class frmMain final : public wxFrame {
     [[nodiscard]] FieldHandlers Handlers();
     void BindEvents();
     void BindKeys();
+    void TakeClipboardKey(wxKeyEvent& event);
     void txtMain_Change();
     void OnClose(wxCloseEvent& event);
     void Unload();

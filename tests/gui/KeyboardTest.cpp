@@ -2,11 +2,13 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <wx/timer.h>
 
 #include <string>
 #include <vector>
 
 #include "gui/GuiWorld.h"
+#include "gui/HostKeys.h"
 #include "gui/Input.h"
 #include "gui/Tabs.h"
 #include "ui/WxText.h"
@@ -16,6 +18,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using Names = std::vector<std::string>;
 
 class Keyboard : public testing::Test {
  protected:
@@ -27,17 +30,26 @@ class Keyboard : public testing::Test {
     MainControls& Controls() { return world_.Window().Controls(); }
     wxTextCtrl& Box(std::size_t box) { return Controls().txtMain[box]->Box(); }
 
-    /// The name of the control with the focus, "v" for the part of a list that drops it down: a stop of its
-    /// own, which the toolkit does not tell of.
+    /// The name of the control with the focus, kUntold when the toolkit does not tell.
     static std::string Focused() {
         const wxWindow* focused = wxWindow::FindFocus();
-        return focused == nullptr ? "v" : FromWx(focused->GetName());
+        return focused == nullptr ? kUntold : FromWx(focused->GetName());
+    }
+
+    /// The stops that `names` of controls stand for.
+    static Names Stops(const Names& names) {
+        Names all;
+        for (const std::string& name : names) {
+            const Names stops = name.starts_with("cbo") ? StopsOfList(name) : Names{name};
+            all.insert(all.end(), stops.begin(), stops.end());
+        }
+        return all;
     }
 
     /// The stops that the Tab key makes on a tab, from its first field to the window's last button.
-    std::vector<std::string> TabOrder(std::size_t tab, wxWindow& first) {
+    Names TabOrder(std::size_t tab, wxWindow& first) {
         ShowTab(world_.Window(), tab);
-        std::vector<std::string> stops;
+        Names stops;
         if (!ReadyToType(first)) return stops;
         for (stops.push_back(Focused()); stops.back() != "cmdClose"; stops.push_back(Focused())) {
             PressKey(WXK_TAB);
@@ -50,39 +62,37 @@ class Keyboard : public testing::Test {
 };
 
 TEST_F(Keyboard, TabsThroughGeneralInReadingOrder) {
-    EXPECT_THAT(TabOrder(kGeneralTab, Box(kDataSourceBox)),
-                ElementsAre("txtMain(0)", "cmdSwitchDSN", "txtMain(1)", "cmdSelectDDInstall", "txtMain(2)",
-                            "cmdSelectINI", "cmdWriteDB", "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"));
+    EXPECT_EQ(TabOrder(kGeneralTab, Box(kDataSourceBox)),
+              Stops({"txtMain(0)", "cmdSwitchDSN", "txtMain(1)", "cmdSelectDDInstall", "txtMain(2)",
+                     "cmdSelectINI", "cmdWriteDB", "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"}));
 }
 
 TEST_F(Keyboard, TabsThroughManufacturerInReadingOrder) {
-    EXPECT_THAT(TabOrder(kManufacturerTab, Box(kManufacturerIdBox)),
-                ElementsAre("txtMain(3)", "txtMain(4)", "txtMain(5)", "v", "cmdWriteDB", "cmdWriteINI",
-                            "cmdWriteDDInstall", "cmdClose"));
+    EXPECT_EQ(TabOrder(kManufacturerTab, Box(kManufacturerIdBox)),
+              Stops({"txtMain(3)", "txtMain(4)", "txtMain(5)", "cboDeviceProtocol", "cmdWriteDB",
+                     "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"}));
 }
 
 TEST_F(Keyboard, TabsFromTheDescriptionToTheProtocols) {
     ShowTab(world_.Window(), kManufacturerTab);
     ASSERT_TRUE(ReadyToType(Box(kManufacturerDescriptionBox)));
     PressKey(WXK_TAB);
-    WaitUntil("the list", [] { return Focused() == "v"; });
+    WaitUntil("the list", [] { return Focused() == StopsOfList("cboDeviceProtocol").front(); });
     PressKey(WXK_UP);
     WaitUntil("the protocol before", [&] { return Controls().cboDeviceProtocol->Index() == 1; });
 }
 
 TEST_F(Keyboard, TabsThroughDeviceInReadingOrder) {
-    EXPECT_THAT(
-        TabOrder(kDeviceTab, Box(kDeviceIdBox)),
-        ElementsAre("txtMain(6)", "txtMain(7)", "txtMain(8)", "txtMain(9)", "txtMain(10)", "txtMain(13)",
-                    "txtMain(14)", "cmdWriteDB", "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"));
+    EXPECT_EQ(TabOrder(kDeviceTab, Box(kDeviceIdBox)),
+              Stops({"txtMain(6)", "txtMain(7)", "txtMain(8)", "txtMain(9)", "txtMain(10)", "txtMain(13)",
+                     "txtMain(14)", "cmdWriteDB", "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"}));
 }
 
 TEST_F(Keyboard, TabsThroughRevisionInReadingOrder) {
-    EXPECT_THAT(
-        TabOrder(kRevisionTab, Controls().cboDevRev->Combo()),
-        ElementsAre("cboDevRev", "v", "cboDDRev", "v", "cboHARTRev", "v", "txtMain(11)", "txtMain(12)",
-                    "lstTAVVersionSupport", "cboDeviceCategory", "v", "cboMinorCategory", "v", "cmdWriteDB",
-                    "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"));
+    EXPECT_EQ(TabOrder(kRevisionTab, Controls().cboDevRev->Combo()),
+              Stops({"cboDevRev", "cboDDRev", "cboHARTRev", "txtMain(11)", "txtMain(12)",
+                     "lstTAVVersionSupport", "cboDeviceCategory", "cboMinorCategory", "cmdWriteDB",
+                     "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"}));
 }
 
 TEST_F(Keyboard, GoesBackWithShiftAndTab) {
@@ -95,10 +105,9 @@ TEST_F(Keyboard, GoesBackWithShiftAndTab) {
 
 TEST_F(Keyboard, SkipsFieldsThatCannotBeUsed) {
     Controls().cboDeviceProtocol->Select(1);
-    EXPECT_THAT(
-        TabOrder(kRevisionTab, Controls().cboDevRev->Combo()),
-        ElementsAre("cboDevRev", "v", "cboDDRev", "v", "cboHARTRev", "v", "txtMain(12)",
-                    "lstTAVVersionSupport", "cmdWriteDB", "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"));
+    EXPECT_EQ(TabOrder(kRevisionTab, Controls().cboDevRev->Combo()),
+              Stops({"cboDevRev", "cboDDRev", "cboHARTRev", "txtMain(12)", "lstTAVVersionSupport",
+                     "cmdWriteDB", "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"}));
 }
 
 TEST_F(Keyboard, ChangesTheTabWithPageUpAndPageDown) {
@@ -121,21 +130,27 @@ class OpenedMenus : public Keyboard {
  protected:
     void SetUp() override {
         Keyboard::SetUp();
-        world_.Window().Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) { opened_ = event.GetMenu(); });
+        world_.Window().Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+            opened_ = event.GetMenu();
+            escape_.Start(kBetweenEscapesMs);
+        });
         world_.Window().Bind(wxEVT_MENU_CLOSE, [this](wxMenuEvent&) { ++closed_; });
+        escape_.Bind(wxEVT_TIMER, [](wxTimerEvent&) { PressKey(WXK_ESCAPE); });
         ASSERT_TRUE(ReadyToType(Box(kDataSourceBox)));
     }
 
     void ExpectOpenedBy(char key, const wxMenu* menu) {
         PressKey(key, wxMOD_ALT);
-        WaitUntil("the menu", [&] { return opened_ == menu; });
-        PressKey(WXK_ESCAPE);
-        WaitUntil("the menu to close", [&] { return closed_ > 0; });
+        WaitUntil("the menu to open and to close", [&] { return opened_ == menu && closed_ > 0; });
+        escape_.Stop();
         EXPECT_TRUE(world_.Window().IsShown());
     }
 
+    static constexpr int kBetweenEscapesMs = 50;
+
     const wxMenu* opened_ = nullptr;
     int closed_ = 0;
+    wxTimer escape_;  // on one host an open menu has a loop of its own, so that nothing else could close it
 };
 
 TEST_F(OpenedMenus, AreFileWithAltAndF) {

@@ -4,6 +4,7 @@
 #include <wx/msgdlg.h>
 
 #include "gui/GuiWorld.h"
+#include "gui/HostKeys.h"
 #include "gui/Input.h"
 #include "gui/WhileModal.h"
 #include "support/RowName.h"
@@ -71,7 +72,7 @@ TEST_F(MessageBox, OpensTheHelpAndStaysUntilItIsAnswered) {
     int opened = 0;
     const WhileModal modal(world_.Window(), [&](wxDialog&) {
         if (++opened == 1) {
-            PressKey('H', wxMOD_ALT);
+            PressHelpButton();
         } else {
             PressKey(WXK_ESCAPE);
         }

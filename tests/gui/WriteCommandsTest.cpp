@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "gui/GuiWorld.h"
+#include "gui/HostKeys.h"
 #include "gui/Input.h"
 #include "gui/SwitchTo.h"
 #include "gui/Tabs.h"
@@ -72,7 +73,7 @@ class WriteCommandsOfTheWindow : public testing::Test {
     void ToggleFirstVersion() {
         ShowTab(world_.Window(), kRevisionTab);
         ASSERT_TRUE(ReadyToType(Controls().lstTAVVersionSupport->Box()));
-        PressKey(WXK_SPACE, wxMOD_CONTROL);
+        ToggleFirstItem();
     }
 
     GuiWorld world_;
@@ -121,7 +122,7 @@ TEST_F(WriteCommandsOfTheWindow, LoseOnlyDDInstallWithTheLastVersion) {
     ToggleFirstVersion();
     WaitUntil("the version to be deselected", [&] { return Usable(world_.Window()) == "BI"; });
     EXPECT_FALSE(Controls().lstTAVVersionSupport->IsSelected(0));
-    PressKey(WXK_SPACE, wxMOD_CONTROL);
+    ToggleFirstItem();
     WaitUntil("the version to be selected again", [&] { return Usable(world_.Window()) == "BID"; });
     EXPECT_TRUE(Controls().lstTAVVersionSupport->IsSelected(0));
 }

@@ -1,0 +1,22 @@
+#include "gui/HostKeys.h"
+
+#include <wx/defs.h>
+
+#include "gui/Input.h"
+
+namespace ventlock::test {
+
+std::vector<std::string> StopsOfList(const std::string& name) {
+    if (name == "cboDeviceProtocol") return {kUntold};
+    return {name, kUntold};
+}
+
+void ToggleFirstItem() {
+    PressKey(WXK_SPACE, wxMOD_CONTROL);
+}
+
+void PressHelpButton() {
+    PressKey('H', wxMOD_ALT);
+}
+
+}  // namespace ventlock::test
