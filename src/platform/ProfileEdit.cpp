@@ -5,16 +5,21 @@
 #include "base/RunTimeError.h"
 
 namespace ventlock {
+namespace {
+
+ProfileFile FileOrNone(IFiles& files, const std::string& path, CodePage codePage) {
+    try {
+        return {files.Exists(path) ? files.ReadAll(path) : std::string(), codePage};
+    } catch (const RunTimeError&) {
+        return {"", codePage};  // an unreadable file reads like a missing one
+    }
+}
+
+}  // namespace
 
 std::string ProfileStore::Read(const std::string& path, std::string_view section, std::string_view key,
                                std::string_view fallback, std::size_t bufferSize) const {
-    try {
-        if (!files_->Exists(path)) return std::string(fallback);
-        const ProfileFile file(files_->ReadAll(path), codePage_);
-        return file.Read(section, key, bufferSize).value_or(std::string(fallback));
-    } catch (const RunTimeError&) {
-        return std::string(fallback);  // an unreadable file reads like a missing one
-    }
+    return FileOrNone(*files_, path, codePage_).ReadOr(section, key, fallback, bufferSize);
 }
 
 void ProfileStore::Write(const std::string& path, std::string_view section, std::string_view key,

@@ -15,8 +15,8 @@ class ProfileStore {
  public:
     ProfileStore(IFiles& files, CodePage codePage) : files_(&files), codePage_(codePage) {}
 
-    /// The value of one key of a file as ProfileFile::Read gives it; `fallback` when the file, the section or
-    /// the key is missing or the file cannot be read.
+    /// The value of one key of a file as ProfileFile::ReadOr gives it; the fallback also when the file is
+    /// missing or cannot be read.
     [[nodiscard]] std::string Read(const std::string& path, std::string_view section, std::string_view key,
                                    std::string_view fallback, std::size_t bufferSize) const;
 

@@ -150,18 +150,24 @@ std::optional<std::string> ProfileFile::Read(std::string_view section, std::stri
     if (!place.hasKey) return std::nullopt;
     const std::string_view stored =
         std::string_view(text_).substr(place.valueBegin, place.valueEnd - place.valueBegin);
-    std::string value = Decode(ProfileValue(stored));
-    return bufferSize == 0 ? value : FittingPart(value, bufferSize - 1);
+    return FittingPart(Decode(ProfileValue(stored)), bufferSize);
 }
 
-std::string ProfileFile::FittingPart(const std::string& utf8, std::size_t mostBytes) const {
+std::string ProfileFile::ReadOr(std::string_view section, std::string_view key, std::string_view fallback,
+                                std::size_t bufferSize) const {
+    if (auto value = Read(section, key, bufferSize)) return *std::move(value);
+    return FittingPart(std::string(fallback.substr(0, fallback.find_last_not_of(' ') + 1)), bufferSize);
+}
+
+std::string ProfileFile::FittingPart(const std::string& utf8, std::size_t bufferSize) const {
+    if (bufferSize == 0) return utf8;
     std::size_t used = 0;
     for (std::size_t at = 0; at < utf8.size();) {
         const std::size_t begin = at;
         NextCharacter(utf8, at);
         const auto encoded = codePage_.Encode(std::string_view(utf8).substr(begin, at - begin));
         used += encoded ? encoded->size() : 1;
-        if (used > mostBytes) return utf8.substr(0, begin);
+        if (used >= bufferSize) return utf8.substr(0, begin);
     }
     return utf8;
 }

@@ -33,6 +33,10 @@ class ProfileFile {
     [[nodiscard]] std::optional<std::string> Read(std::string_view section, std::string_view key,
                                                   std::size_t bufferSize = 0) const;
 
+    /// As Read, but with `fallback` for an absent key: without spaces at its end, cut alike.
+    [[nodiscard]] std::string ReadOr(std::string_view section, std::string_view key,
+                                     std::string_view fallback, std::size_t bufferSize = 0) const;
+
     /// Sets a key. @throws RunTimeError 75 as RequireWritable, nothing changed then.
     void Write(std::string_view section, std::string_view key, std::string_view value);
 
@@ -66,7 +70,7 @@ class ProfileFile {
     struct Place;
     [[nodiscard]] std::optional<std::string> Encode(std::string_view utf8) const;
     [[nodiscard]] std::string Decode(std::string_view stored) const;
-    [[nodiscard]] std::string FittingPart(const std::string& utf8, std::size_t mostBytes) const;
+    [[nodiscard]] std::string FittingPart(const std::string& utf8, std::size_t bufferSize) const;
     [[nodiscard]] std::string FoldedName(std::string_view stored) const;
     [[nodiscard]] std::optional<std::string> SectionName(std::string_view line) const;
     [[nodiscard]] Place Find(std::string_view section, std::string_view key) const;

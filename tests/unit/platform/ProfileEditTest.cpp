@@ -201,6 +201,17 @@ TEST_F(ProfileStoreTest, CutsAValueAtTheBuffer) {
     EXPECT_EQ(store_.Read(Path(), "A", "x", "", 9), "12345678");
 }
 
+TEST_F(ProfileStoreTest, CutsTheFallbackAtTheBufferAndDropsTheSpacesAtItsEnd) {
+    EXPECT_EQ(store_.Read(Path(), "A", "x", "12345678", 5), "1234");
+    EXPECT_EQ(store_.Read(Path(), "A", "x", "none  ", 0), "none");
+    WriteBytes(Path(), "[A]\r\ny=1\r\n");
+    EXPECT_EQ(store_.Read(Path(), "A", "x", "12345678", 5), "1234");
+    EXPECT_EQ(store_.Read(Path(), "A", "x", "none  ", 0), "none");
+    WriteBytes(Path(), "\xFF\xFE[");
+    EXPECT_EQ(store_.Read(Path(), "A", "x", "12345678", 5), "1234");
+    EXPECT_EQ(store_.Read(Path(), "A", "x", "none  ", 0), "none");
+}
+
 TEST_F(ProfileStoreTest, SeesAtOnceWhatOthersHaveWritten) {
     WriteBytes(Path(), "[A]\r\nx=1\r\n");
     EXPECT_EQ(store_.Read(Path(), "A", "x", "", 0), "1");

@@ -25,6 +25,24 @@ TEST(ProfileRead, GivesNothingForAnAbsentSectionOrKeyAndAnEmptyTextForAnEmptyVal
     EXPECT_EQ(file.Read("A", "blanks"), "");
 }
 
+TEST(ProfileRead, GivesTheFallbackWithoutSpacesAtItsEndForAnAbsentKeyOnly) {
+    const ProfileFile file = WesternFile("[A]\r\nempty=\r\nx= 1 \r\n");
+    EXPECT_EQ(file.ReadOr("A", "other", "  none  "), "  none");
+    EXPECT_EQ(file.ReadOr("B", "x", "none\t "), "none\t");
+    EXPECT_EQ(file.ReadOr("A", "other", "   "), "");
+    EXPECT_EQ(file.ReadOr("A", "other", "'none'"), "'none'");
+    EXPECT_EQ(file.ReadOr("A", "empty", "none"), "");
+    EXPECT_EQ(file.ReadOr("A", "x", "none"), "1");
+}
+
+TEST(ProfileRead, CutsTheFallbackAtTheBufferToo) {
+    const ProfileFile file = WesternFile("[A]\r\nx=12345\r\n");
+    EXPECT_EQ(file.ReadOr("A", "other", "äöü", 3), "äö");
+    EXPECT_EQ(file.ReadOr("A", "other", "äöü", 4), "äöü");
+    EXPECT_EQ(file.ReadOr("A", "other", "äöü", 1), "");
+    EXPECT_EQ(file.ReadOr("A", "x", "none", 3), "12");
+}
+
 TEST(ProfileRead, SearchesOnlyTheFirstOfEqualSections) {
     const ProfileFile file = WesternFile("[A]\r\nx=1\r\n[B]\r\nz=9\r\n[a]\r\nx=2\r\ny=3\r\n");
     EXPECT_EQ(file.Read("A", "x"), "1");
