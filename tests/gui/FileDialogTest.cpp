@@ -3,6 +3,7 @@
 #include <wx/filedlg.h>
 
 #include "gui/GuiWorld.h"
+#include "gui/HostKeys.h"
 #include "gui/Input.h"
 #include "gui/WhileModal.h"
 #include "ui/WxFileDialog.h"
@@ -69,11 +70,10 @@ TEST_F(FileDialog, OpensWithAStartThatLeadsNowhere) {
     }
 }
 
-// A slash opens the platform's field for a path.
 TEST_F(FileDialog, TakesAnExistingFileWhereOneIsNeeded) {
     question_.flags = kHideReadOnly | kFileMustExist;
     EXPECT_EQ(Ask([this](wxFileDialog&) {
-                  TypeText(folder_ / "Pyx.ini");
+                  TypeFileName(folder_ / "Pyx.ini");
                   PressKey(WXK_RETURN);
               }),
               folder_ / "Pyx.ini");
@@ -82,7 +82,7 @@ TEST_F(FileDialog, TakesAnExistingFileWhereOneIsNeeded) {
 TEST_F(FileDialog, RefusesAMissingFileWhereOneIsNeeded) {
     question_.flags = kHideReadOnly | kFileMustExist;
     EXPECT_EQ(Ask([this](wxFileDialog&) {
-                  TypeText(folder_ / "Missing.ini");
+                  TypeFileName(folder_ / "Missing.ini");
                   PressKey(WXK_RETURN);
                   PressKey(WXK_ESCAPE);
                   PressKey(WXK_ESCAPE);

@@ -106,8 +106,8 @@ TEST_F(HelpBook, OpensAgainAfterItsWindowWasClosed) {
 
 TEST_F(HelpBook, OpensInAFolderOfAnyName) {
     const std::string folder = folder_ / "Grün & 50% #1";
-    std::filesystem::create_directory(folder);
-    std::filesystem::copy_file(VENTLOCK_HELP_BOOK, folder + "/Ventlock.hlp");
+    std::filesystem::create_directory(PathOf(folder));
+    std::filesystem::copy_file(VENTLOCK_HELP_BOOK, PathOf(folder) / "Ventlock.hlp");
     WxHelp help;
     EXPECT_TRUE(help.Show(folder + "/Ventlock.hlp", kHelpContents));
     ASSERT_NE(HelpWindow(), nullptr);

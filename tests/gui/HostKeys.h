@@ -19,4 +19,7 @@ void ToggleFirstItem();
 /// Presses the key that a message box's Help button answers to.
 void PressHelpButton();
 
+/// Types a path into the platform's file dialog, in place of what stands there.
+void TypeFileName(const std::string& path);
+
 }  // namespace ventlock::test

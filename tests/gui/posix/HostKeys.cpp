@@ -19,4 +19,9 @@ void PressHelpButton() {
     PressKey('H', wxMOD_ALT);
 }
 
+// A slash opens the dialog's field for a path.
+void TypeFileName(const std::string& path) {
+    TypeText(path);
+}
+
 }  // namespace ventlock::test
