@@ -1,25 +1,51 @@
 #!/usr/bin/env bash
+# screenshots.sh [--windows]
 # Takes the pictures of the window that README and the guides show, on a display of its own, into docs/images. The window
-# shows the sample entry on an embedded device database.
+# shows the sample entry on an embedded device database. --windows: the tabs of the Windows program under Wine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
 
-if [ "${1:-}" != --on-display ]; then
-    need_packages "${build_packages[@]}" "${display_packages[@]}"
-    cmake --preset release >/dev/null
-    cmake --build --preset release >/dev/null
-    exec tests/support/display/with_display.sh "$0" --on-display
-fi
+case ${1:-} in
+    "" | --windows)
+        need_packages "${build_packages[@]}" "${display_packages[@]}"
+        preset=release
+        if [ "${1:-}" = --windows ]; then
+            need_packages "${windows_packages[@]}" "${windows_test_packages[@]}"
+            packaging/windows/libraries.sh x86_64 >/dev/null
+            preset=windows
+        fi
+        cmake --preset $preset >/dev/null
+        cmake --build --preset $preset --target ventlock ventlock-cli >/dev/null
+        exec tests/support/display/with_display.sh "$0" --on-display "$@"
+        ;;
+    --on-display) ;;
+    *) echo "usage: screenshots.sh [--windows]" >&2 && exit 2 ;;
+esac
 
 images=docs/images
-program=build/release/bin/ventlock
-cli=build/release/bin/ventlock-cli
+prefix=
+program=(build/release/bin/ventlock)
+cli=(build/release/bin/ventlock-cli)
 world=/tmp/ventlock # seen in the pictures
+files=$world             # where both target files are
+shown=$world/            # how the window shows that
 mkdir "$world"
 trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$world"' EXIT
 export VENTLOCK_REGISTRY=$world/registry.ini ODBCINI=$world/odbc.ini
 touch "$ODBCINI"
+if [ "${2:-}" = --windows ]; then
+    export WINEPREFIX=$world/wine VENTLOCK_TEST_ODBC=$world
+    trap 'wineserver --kill 2>/dev/null; kill $(jobs -p) 2>/dev/null || true; rm -rf "$world"' EXIT
+    prefix=windows-
+    run=$PWD/tests/support/wine/run.sh
+    program=("$run" build/windows/bin/ventlock.exe)
+    cli=("$run" build/windows/bin/ventlock-cli.exe)
+    "$run" wineboot --update
+    files=$WINEPREFIX/drive_c/TAV
+    shown='C:\TAV\'
+    mkdir "$files"
+fi
 mkdir -p "$images" "$XDG_CONFIG_HOME/gtk-3.0"
 printf '[Settings]\ngtk-cursor-blink=false\ngtk-enable-animations=false\n' >"$XDG_CONFIG_HOME/gtk-3.0/settings.ini"
 xsetroot -solid '#d8dee6'
@@ -31,16 +57,16 @@ fail() {
 
 # set_up <language>: a fresh world with the sample entry as the last one worked on.
 set_up() {
-    rm -f "$world"/*
+    rm -f "$world"/*.*
     touch "$ODBCINI"
-    "$cli" database create --file "$world/pyx.db" --dsn PYX >/dev/null
-    cp data/sample/Pyx.ini "$world/Pyx.ini"
+    build/release/bin/ventlock-cli database create --file "$world/pyx.db" --dsn PYX >/dev/null
+    cp data/sample/Pyx.ini "$files/Pyx.ini"
     local setting
-    for setting in "INIPath=$world/Pyx.ini" "DDInstallPath=$world/Ddinstal.ini" Language="$1" ManID=26 ManName=Acme \
+    for setting in "INIPath=${shown}Pyx.ini" "DDInstallPath=${shown}Ddinstal.ini" Language="$1" ManID=26 ManName=Acme \
         "ManDesc=Acme Instruments" ProtID=2 DevID=0A DevName=Flow "DevDesc=Flow transmitter" DevRev=01 DDRev=02 ProtRev=05 \
         DevRevName=R1 "DevRevDesc=First revision" DevCatID=1 DevMinCatID=1 DLLName=Flow.dll TemplateName=Flow.mrg \
         DevHelp=Flow.hlp WindowLeft=3000 WindowTop=1500; do
-        "$cli" settings set "${setting%%=*}" "${setting#*=}" --quiet
+        "${cli[@]}" settings set "${setting%%=*}" "${setting#*=}" --quiet
     done
 }
 
@@ -77,7 +103,7 @@ dialog() {
 }
 
 start() {
-    "$program" 2>"$world/errors" &
+    "${program[@]}" 2>"$world/errors" &
     main=$(window Ventlock)
     xdotool windowactivate --sync "$main"
 }
@@ -89,11 +115,15 @@ stop() {
 
 set_up EN
 start
-picture general "$main"
+picture ${prefix}general "$main"
 for tab in manufacturer device revision; do
     xdotool key ctrl+Next
-    picture $tab "$main"
+    picture $prefix$tab "$main"
 done
+if [ -n "$prefix" ]; then
+    stop
+    exit
+fi
 xdotool key alt+h
 xdotool key a
 picture about "$(dialog)"
@@ -103,7 +133,7 @@ picture help "$(dialog)"
 xdotool key alt+F4
 stop
 
-"$cli" settings set DDInstallPath "$world/missing/Ddinstal.ini" --quiet
+"${cli[@]}" settings set DDInstallPath "$world/missing/Ddinstal.ini" --quiet
 start
 xdotool key alt+f
 xdotool key l
