@@ -19,6 +19,9 @@ void ToggleFirstItem();
 /// Presses the key that a message box's Help button answers to.
 void PressHelpButton();
 
+/// Whether keys reach a control of the dialog that has come in front of the window.
+bool DialogTakesKeys();
+
 /// Types a path into the platform's file dialog, in place of what stands there.
 void TypeFileName(const std::string& path);
 

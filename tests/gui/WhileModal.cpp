@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "gui/HostKeys.h"
 #include "gui/Input.h"
 
 namespace ventlock::test {
@@ -45,7 +46,9 @@ int WhileModal::Enter(wxDialog* dialog) {
 }
 
 void WhileModal::Meet(wxDialog& dialog) {
-    if (WaitUntil("the dialog to take the keyboard", [&] { return !window_.IsActive(); })) act_(dialog);
+    if (WaitUntil("the dialog to take the keyboard",
+                  [&] { return !window_.IsActive() && DialogTakesKeys(); }))
+        act_(dialog);
 }
 
 void WhileModal::Exit(wxDialog* /*dialog*/) {

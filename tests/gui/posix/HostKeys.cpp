@@ -19,6 +19,10 @@ void PressHelpButton() {
     PressKey('H', wxMOD_ALT);
 }
 
+bool DialogTakesKeys() {
+    return true;  // with the window's activation at the latest
+}
+
 // A slash opens the dialog's field for a path.
 void TypeFileName(const std::string& path) {
     TypeText(path);

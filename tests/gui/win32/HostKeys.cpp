@@ -1,5 +1,6 @@
 #include "gui/HostKeys.h"
 
+#include <windows.h>
 #include <wx/defs.h>
 
 #include "gui/Input.h"
@@ -21,6 +22,10 @@ void ToggleFirstItem() {
 void PressHelpButton() {
     PressKey(WXK_TAB);
     PressKey(WXK_SPACE);
+}
+
+bool DialogTakesKeys() {
+    return GetFocus() != nullptr;
 }
 
 void TypeFileName(const std::string& path) {
