@@ -9,8 +9,9 @@ set(target ${VENTLOCK_WINDOWS_ARCH}-w64-mingw32)
 set(CMAKE_C_COMPILER ${target}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${target}-g++-posix)
 set(CMAKE_RC_COMPILER ${target}-windres)
-# No time of making: the same source gives the same bytes.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
+# No time of making: the same source gives the same bytes. Aware of terminal servers: else the system would give each
+# user there a Windows folder of his own.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp,--tsaware")
 # Else the compiler's own libraries, which it names behind all others, are looked for as DLLs.
 set(CMAKE_LINK_SEARCH_START_STATIC ON)
 set(CMAKE_LINK_SEARCH_END_STATIC ON)

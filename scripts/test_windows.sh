@@ -8,11 +8,11 @@ cd "$(dirname "$0")/.."
 
 need_packages "${build_packages[@]}" "${windows_packages[@]}" "${windows_test_packages[@]}" "${display_packages[@]}"
 
-# The programs of 32 bits are tested where this machine can run them, else only looked into: Wine needs this machine's own
-# libraries of that word size.
+# The programs of 32 bits are tested where this machine takes packages of that word size (dpkg --add-architecture i386),
+# which Wine needs for them; else they are only looked into.
 i386_packages=(wine32:i386 libodbc2:i386 libsqliteodbc:i386)
 runs_32_bit() {
-    dpkg --print-foreign-architectures | grep -qx i386 || dpkg --add-architecture i386 2>/dev/null || return
+    dpkg --print-foreign-architectures | grep -qx i386 || return
     need_packages "${i386_packages[@]}" >/dev/null 2>&1
 }
 

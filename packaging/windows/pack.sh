@@ -24,7 +24,7 @@ export LC_ALL=C TZ=UTC
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-top=$work/package/ventlock-$version
+top=$work/package/ventlock-$version-$arch # both word sizes may be unpacked side by side
 mkdir -p "$top"
 "$strip" -o "$top/ventlock.exe" "$bin/ventlock.exe"
 "$strip" -o "$top/ventlock-cli.exe" "$bin/ventlock-cli.exe"

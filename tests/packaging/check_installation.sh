@@ -73,7 +73,7 @@ setup=$work/packages/ventlock-2.1.5-setup-x64.exe
 
 unzip -q "$work/packages/ventlock-2.1.5-windows-x64.zip" -d "$work/un packed"
 expect "zip: the program runs" "ventlock-cli 2.1.5 (64 bit)" \
-    "$(run "$work/un packed/ventlock-2.1.5/ventlock-cli.exe" --version)"
+    "$(run "$work/un packed/ventlock-2.1.5-x64/ventlock-cli.exe" --version)"
 
 # A setting of a program that was used before it was installed.
 run reg add "HKLM\\$settings\\Settings" /v ManName /d Acme /f >/dev/null
@@ -99,7 +99,7 @@ expect "setup: start menu entry" 'C:\Program Files\Vent Lock\ventlock.exe' \
 # uninstall_entry <folder>: what the system's list of programs is to say.
 uninstall_entry() {
     local size
-    size=$(cd "$work/un packed/ventlock-2.1.5" && find . -type f -printf '%s\n' | awk '{ sum += $1 } END { print sum / 1024 }')
+    size=$(cd "$work/un packed/ventlock-2.1.5-x64" && find . -type f -printf '%s\n' | awk '{ sum += $1 } END { print sum / 1024 }')
     size=$(awk -v size="$size" 'BEGIN { printf "0x%x", size == int(size) ? size : int(size) + 1 }')
     echo "
 HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Ventlock

@@ -22,10 +22,10 @@ touch --date=2001-01-01 "$work"/bin/*
 expect "the same bytes the second time" "$(cd "$work/first" && sha256sum -- *)" "$(cd "$work/second" && sha256sum -- *)"
 
 zip=$work/first/ventlock-2.1.5-windows-$arch.zip
-expect "files of the zip, in their order" "$(sed 's|^|ventlock-2.1.5/|' content.txt)" "$(unzip -Z1 "$zip")"
+expect "files of the zip, in their order" "$(sed "s|^|ventlock-2.1.5-$arch/|" content.txt)" "$(unzip -Z1 "$zip")"
 mkdir "$work/unpacked"
 unzip -q "$zip" -d "$work/unpacked"
-top=$work/unpacked/ventlock-2.1.5
+top=$work/unpacked/ventlock-2.1.5-$arch
 for file in QorStandard.dct Ventlock.dct sample schema; do
     expect "$file" "" "$(diff -rq "../../data/$file" "$top/$file" 2>&1 || true)"
 done

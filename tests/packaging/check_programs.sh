@@ -29,6 +29,8 @@ ventlock_6_256x256x32.png" "$(ls "$work/drawn")"
 check_program() {
     local exe=$bin/$1.exe
     expect "$1: subsystem" "$3" "$("$target-objdump" -p "$exe" | sed -n 's/^Subsystem.*(\(.*\))$/\1/p')"
+    expect "$1: aware of terminal servers" TERMINAL_SERVICE_AWARE \
+        "$("$target-objdump" -p "$exe" | grep -o TERMINAL_SERVICE_AWARE)"
     expect "$1: DLLs that are not the system's" "" \
         "$("$target-objdump" -p "$exe" | sed -n 's/^\tDLL Name: //p' | grep -vixE "$system_dlls" || true)"
     expect "$1: manifest" "$(cat ../../packaging/windows/program.manifest)" "$(wrestool --extract --raw --type=24 "$exe")"

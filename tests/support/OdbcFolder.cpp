@@ -50,10 +50,12 @@ std::string OdbcFolder::UnusedName() {
 }
 
 std::string OdbcFolder::DriverLibrary(const std::string& fileName) {
+    // A machine may have drivers of both word sizes in folders that are named after them.
+    const std::string_view otherWordSize = sizeof(void*) == 4 ? "x86_64" : "i386";
     const fs::path root = LibraryFolder();
     std::vector<fs::path> places{root / "odbc" / fileName, root / fileName};
     for (const auto& entry : fs::directory_iterator(root)) {
-        if (!entry.is_directory()) continue;
+        if (!entry.is_directory() || entry.path().filename().string().starts_with(otherWordSize)) continue;
         places.push_back(entry.path() / "odbc" / fileName);
         places.push_back(entry.path() / fileName);
     }

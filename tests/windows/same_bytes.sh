@@ -12,7 +12,7 @@ trap 'rm -rf "$world"' EXIT
 cd "$world"
 
 mkdir system
-driver=$(ls -d /usr/lib/*/odbc/libsqlite3odbc.so | head -n 1)
+driver=$(ls -d /usr/lib/*/odbc/libsqlite3odbc.so | grep -v i386)
 printf '[SQLite3]\nDescription=SQLite 3\nDriver=%s\n' "$driver" >system/odbcinst.ini
 touch odbc.ini system/odbc.ini
 export VENTLOCK_TEST_ODBC=$world ODBCINI=$world/odbc.ini ODBCSYSINI=$world/system

@@ -17,8 +17,10 @@ if [ -z "${VENTLOCK_TEST_ODBC:-}" ]; then
     trap 'rm -rf "$VENTLOCK_TEST_ODBC"' EXIT
     export VENTLOCK_TEST_ODBC
     mkdir "$VENTLOCK_TEST_ODBC/system"
-    driver=$(ls -d /usr/lib/*/odbc/libsqlite3odbc.so | head -n 1)
-    printf '[SQLite3]\nDescription=SQLite 3\nDriver=%s\n' "$driver" >"$VENTLOCK_TEST_ODBC/system/odbcinst.ini"
+    driver=$(ls -d /usr/lib/*/odbc/libsqlite3odbc.so | grep -v i386)
+    driver32=$(ls -d /usr/lib/i386-*/odbc/libsqlite3odbc.so 2>/dev/null || true)
+    printf '[SQLite3]\nDescription=SQLite 3\nDriver=%s\nDriver64=%s\n' "${driver32:-$driver}" "$driver" \
+        >"$VENTLOCK_TEST_ODBC/system/odbcinst.ini"
     touch "$VENTLOCK_TEST_ODBC/odbc.ini" "$VENTLOCK_TEST_ODBC/system/odbc.ini"
     export ODBCINI=$VENTLOCK_TEST_ODBC/odbc.ini ODBCSYSINI=$VENTLOCK_TEST_ODBC/system
 fi
