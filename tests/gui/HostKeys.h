@@ -19,6 +19,10 @@ void ToggleFirstItem();
 /// Presses the key that a message box's Help button answers to.
 void PressHelpButton();
 
+/// Whether the only button of a message box has the keyboard from the beginning. That of Windows has, Wine's
+/// has not.
+bool MessageBoxButtonHasKeys();
+
 /// Whether keys reach a control of the dialog that has come in front of the window.
 bool DialogTakesKeys();
 

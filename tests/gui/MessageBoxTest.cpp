@@ -35,6 +35,8 @@ struct BoxKey {
 class MessageBoxKey : public MessageBox, public testing::WithParamInterface<BoxKey> {};
 
 TEST_P(MessageBoxKey, ClosesTheBox) {
+    if (GetParam().key == WXK_SPACE && !MessageBoxButtonHasKeys())
+        GTEST_SKIP() << "the button does not have the keyboard here";
     std::string text;
     std::string title;
     const WhileModal modal(world_.Window(), [&](wxDialog& dialog) {

@@ -19,6 +19,10 @@ void PressHelpButton() {
     PressKey('H', wxMOD_ALT);
 }
 
+bool MessageBoxButtonHasKeys() {
+    return true;
+}
+
 bool DialogTakesKeys() {
     return true;  // with the window's activation at the latest
 }

@@ -24,6 +24,10 @@ void PressHelpButton() {
     PressKey(WXK_SPACE);
 }
 
+bool MessageBoxButtonHasKeys() {
+    return false;
+}
+
 bool DialogTakesKeys() {
     return GetFocus() != nullptr;
 }

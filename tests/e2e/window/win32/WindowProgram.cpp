@@ -130,10 +130,19 @@ WindowProgram::WindowProgram(const ProgramCall& call)
     : running_(call),
       process_(static_cast<DWORD>(running_.Process())),
       result_(std::async(std::launch::async, [this] { return running_.Wait(); })) {
-    Await("a window in front", [this] { return IsInFront(); });
+    try {
+        Await("a window in front", [this] { return IsInFront(); });
+    } catch (...) {
+        Kill();  // what it writes is waited for, and would be for ever
+        throw;
+    }
 }
 
 WindowProgram::~WindowProgram() {
+    Kill();
+}
+
+void WindowProgram::Kill() const {
     if (HasEnded()) return;
     const HANDLE process = OpenProcess(PROCESS_TERMINATE, FALSE, process_);
     TerminateProcess(process, 255);

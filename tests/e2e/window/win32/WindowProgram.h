@@ -58,6 +58,7 @@ class WindowProgram {
     [[nodiscard]] bool HasEnded() const;
 
  private:
+    void Kill() const;
     [[nodiscard]] HWND MainWindow() const;
     [[nodiscard]] HWND MessageBox() const;
     [[nodiscard]] HWND Field(const std::wstring& label) const;
