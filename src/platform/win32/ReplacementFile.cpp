@@ -21,6 +21,9 @@ constexpr std::size_t kMostAtOnce = std::size_t{1} << 20;  // bytes in one call
 constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
                                   FILE_ATTRIBUTE_NOT_CONTENT_INDEXED | FILE_ATTRIBUTE_ENCRYPTED;
 
+/// What a new file is opened for so that it can be given an access list.
+constexpr DWORD kToKeepAccessList = GENERIC_WRITE | READ_CONTROL | WRITE_DAC;
+
 std::wstring UnforeseeableName() {
     std::random_device random;
     std::string name = ".ventlock-";
@@ -53,6 +56,10 @@ std::vector<std::byte> AccessListOf(const FileHandle& file, DWORD& code) {
 
 }  // namespace
 
+bool IsAccessListRefused(DWORD code) {
+    return code == ERROR_ACCESS_DENIED || code == ERROR_NOT_SUPPORTED || code == ERROR_INVALID_FUNCTION;
+}
+
 bool WriteAll(const FileHandle& file, std::string_view bytes) {
     while (!bytes.empty()) {
         DWORD written = 0;
@@ -69,7 +76,7 @@ bool WriteAll(const FileHandle& file, std::string_view bytes) {
 
 ReplacementFile::ReplacementFile(const FileTarget& target, const Pause& pause)
     : target_(target), pause_(pause), file_(Create()) {
-    if (!target_.exists) return;
+    if (!takesAccessList_) return;
     try {
         KeepAccessList();
     } catch (...) {
@@ -86,8 +93,15 @@ FileHandle ReplacementFile::Create() {
     const DWORD kept = target_.exists ? target_.attributes & kKeptAttributes : 0;
     for (int attempt = 0; attempt < kMostNames; ++attempt) {
         const std::wstring path = target_.folder + UnforeseeableName();
-        FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE | READ_CONTROL | WRITE_DAC, 0, nullptr,
-                                    CREATE_NEW, kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, nullptr));
+        const auto open = [&](DWORD access) {
+            return FileHandle(CreateFileW(path.c_str(), access, 0, nullptr, CREATE_NEW,
+                                          kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, nullptr));
+        };
+        FileHandle file = open(target_.exists ? kToKeepAccessList : GENERIC_WRITE);
+        takesAccessList_ = target_.exists && file.IsOpen();
+        if (target_.exists && !file.IsOpen() && IsAccessListRefused(GetLastError())) {
+            file = open(GENERIC_WRITE);
+        }
         if (file.IsOpen()) {
             temporary_ = path;
             return file;
@@ -107,12 +121,15 @@ void ReplacementFile::KeepAccessList() const {
     // Without the request the system would mark what came from the folder as given to the file itself.
     SECURITY_DESCRIPTOR_CONTROL control = 0;
     DWORD revision = 0;
-    const bool isSet = GetSecurityDescriptorControl(list.data(), &control, &revision) != 0 &&
-                       ((control & SE_DACL_AUTO_INHERITED) == 0 ||
-                        SetSecurityDescriptorControl(list.data(), SE_DACL_AUTO_INHERIT_REQ,
-                                                     SE_DACL_AUTO_INHERIT_REQ) != 0) &&
-                       SetKernelObjectSecurity(file_.Get(), DACL_SECURITY_INFORMATION, list.data()) != 0;
-    if (!isSet) Raise();
+    const bool isReady =
+        GetSecurityDescriptorControl(list.data(), &control, &revision) != 0 &&
+        ((control & SE_DACL_AUTO_INHERITED) == 0 ||
+         SetSecurityDescriptorControl(list.data(), SE_DACL_AUTO_INHERIT_REQ, SE_DACL_AUTO_INHERIT_REQ) != 0);
+    if (!isReady) Raise();
+    if (SetKernelObjectSecurity(file_.Get(), DACL_SECURITY_INFORMATION, list.data()) == 0 &&
+        !IsAccessListRefused(GetLastError())) {
+        Raise();
+    }
 }
 
 void ReplacementFile::Write(std::string_view bytes) {

@@ -15,7 +15,9 @@ namespace ventlock {
 class ReplacementFile {
  public:
     /// The new file gets the access list and the attributes of the one it replaces; its owner is the user who
-    /// writes. `target` and `pause` must outlive this object. @throws RunTimeError
+    /// writes. Where the system lets the user give no access list (a share may withhold that right, a file
+    /// system may have none) it keeps the one that it has from its folder, as a file that replaces none does.
+    /// `target` and `pause` must outlive this object. @throws RunTimeError
     ReplacementFile(const FileTarget& target, const Pause& pause);
     ~ReplacementFile();
     ReplacementFile(const ReplacementFile&) = delete;
@@ -38,8 +40,13 @@ class ReplacementFile {
     const FileTarget& target_;
     const Pause& pause_;
     std::wstring temporary_;  ///< empty when there is nothing to take away
+    bool takesAccessList_ = false;
     FileHandle file_;
 };
+
+/// True for a code by which the system says that a file can be given no access list, or that asking for the
+/// right to do so is what it denies.
+bool IsAccessListRefused(DWORD code);
 
 /// Writes all of `bytes`, however many calls that takes; False and GetLastError when it fails.
 bool WriteAll(const FileHandle& file, std::string_view bytes);

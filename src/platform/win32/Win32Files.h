@@ -13,9 +13,9 @@ namespace ventlock {
 
 /// Files of a Windows host. Paths take "/" and "\" and are as long as the system allows; a missing drive is
 /// 68, an empty one 71. A file that another program has open is tried again for a second, then it is 70; one
-/// with the read-only attribute is 75. Replace keeps the access list and the attributes; the new file belongs
-/// to the user who writes. Errors read: the number's text, the path in quotes, ":" and the system's own
-/// words.
+/// with the read-only attribute is 75. Replace keeps the attributes and, where the system lets the user give
+/// one, the access list (else the file inherits its folder's); the new file belongs to the user who writes.
+/// Errors read: the number's text, the path in quotes, ":" and the system's own words.
 class Win32Files final : public IFiles {
  public:
     /// @param lockPatience  how long Lock waits for another holder

@@ -8,6 +8,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/win32/ReplacementFile.h"
 #include "platform/win32/Win32Files.h"
 #include "support/Raised.h"
 #include "support/TempFolder.h"
@@ -68,6 +69,18 @@ TEST_F(Win32ReplaceTest, AnExistingFileKeepsItsAccessList) {
     files_.Replace(folder_ / "ordinary.ini", "new");
     EXPECT_EQ(AccessListOf(folder_ / "ordinary.ini"), ordinary);
     EXPECT_EQ(folder_.Listing(), "a.ini ordinary.ini");
+}
+
+TEST_F(Win32ReplaceTest, AFileDoesWithoutItsAccessListOnlyWhereTheSystemRefusesIt) {
+    for (const DWORD code :
+         std::vector<DWORD>{ERROR_ACCESS_DENIED, ERROR_NOT_SUPPORTED, ERROR_INVALID_FUNCTION}) {
+        EXPECT_TRUE(IsAccessListRefused(code)) << code;
+    }
+    for (const DWORD code :
+         std::vector<DWORD>{ERROR_SUCCESS, ERROR_FILE_EXISTS, ERROR_SHARING_VIOLATION, ERROR_INVALID_ACL,
+                            ERROR_INVALID_SECURITY_DESCR, ERROR_DISK_FULL, ERROR_IO_DEVICE}) {
+        EXPECT_FALSE(IsAccessListRefused(code)) << code;
+    }
 }
 
 TEST_F(Win32ReplaceTest, TheNameKeepsItsSpelling) {
