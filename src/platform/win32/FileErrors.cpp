@@ -9,6 +9,8 @@
 namespace ventlock {
 namespace {
 
+constexpr unsigned long kDiskQuotaExceeded = 1295;  // not among the names of every compiler's headers
+
 /// The system's sentence without its full stop and line end.
 std::string WordsFor(DWORD code) {
     std::array<wchar_t, 1024> buffer{};
@@ -32,11 +34,17 @@ ErrorNumber FileErrorNumber(unsigned long code) {
         case ERROR_DIRECTORY:
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
+        case ERROR_NO_NET_OR_BAD_PATH:
+        case ERROR_NETWORK_UNREACHABLE:
             return ErrorNumber::PathNotFound;
         case ERROR_ACCESS_DENIED:
         case ERROR_WRITE_PROTECT:
         case ERROR_CANT_ACCESS_FILE:
         case ERROR_CANT_RESOLVE_FILENAME:
+        case ERROR_NETWORK_ACCESS_DENIED:
+        case ERROR_PRIVILEGE_NOT_HELD:
+        case ERROR_LOGON_FAILURE:
+        case ERROR_SYMLINK_CLASS_DISABLED:
             return ErrorNumber::PathFileAccessError;
         case ERROR_SHARING_VIOLATION:
         case ERROR_LOCK_VIOLATION:
@@ -50,6 +58,7 @@ ErrorNumber FileErrorNumber(unsigned long code) {
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
         case ERROR_FILE_TOO_LARGE:
+        case kDiskQuotaExceeded:
             return ErrorNumber::DiskFull;
         case ERROR_INVALID_NAME:
         case ERROR_BAD_PATHNAME:
