@@ -1,10 +1,12 @@
 #include "platform/win32/FileTarget.h"
 
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "base/Text.h"
 #include "platform/win32/FileErrors.h"
+#include "platform/win32/FinalPath.h"
 #include "platform/win32/WideText.h"
 
 namespace ventlock {
@@ -12,7 +14,6 @@ namespace {
 
 constexpr std::wstring_view kDevicePrefix = L"\\\\.\\";
 constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
-constexpr std::wstring_view kServerPrefix = L"\\\\";
 constexpr std::size_t kBehindDrive = 6;  // of "\\?\C:"
 constexpr std::size_t kLongestPart = 255;
 
@@ -41,24 +42,6 @@ bool HasTooLongPart(std::wstring_view path) {
     }
 }
 
-FileHandle OpenForAttributes(const std::wstring& path) {
-    return FileHandle(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
-                                  FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-}
-
-/// The path of an open file without links; `path` where the file system tells none.
-std::wstring FinalPath(const FileHandle& file, const std::wstring& path) {
-    std::vector<wchar_t> buffer(path.size() + MAX_PATH);
-    for (;;) {
-        const DWORD length =
-            GetFinalPathNameByHandleW(file.Get(), buffer.data(), static_cast<DWORD>(buffer.size()),
-                                      FILE_NAME_NORMALIZED | VOLUME_NAME_DOS);
-        if (length == 0) return path;
-        if (length < buffer.size()) return {buffer.data(), length};
-        buffer.resize(length + 1);
-    }
-}
-
 }  // namespace
 
 std::wstring FullPath(const std::string& path) {
@@ -80,13 +63,7 @@ std::wstring FullPath(const std::string& path) {
 std::wstring SystemPath(const std::string& path) {
     std::wstring full = FullPath(path);
     if (full.starts_with(kDevicePrefix)) throw FileError(path, ERROR_ACCESS_DENIED);
-    if (full.starts_with(kLongPrefix)) {
-        // as the system takes it already
-    } else if (full.starts_with(kServerPrefix)) {
-        full.insert(2, L"?\\UNC\\");
-    } else {
-        full.insert(0, kLongPrefix);
-    }
+    full = LongForm(std::move(full));
     if (full.find(L':', kBehindDrive) != std::wstring::npos || HasTooLongPart(full)) {
         throw FileError(path, ERROR_INVALID_NAME);
     }
@@ -145,7 +122,12 @@ FileTarget ResolveTarget(const std::string& path, const Pause& pause) {
     if (code == ERROR_SUCCESS) {
         if (!IsRegularFile(file, target.attributes)) throw FileError(path, GetLastError());
         target.exists = true;
-        target.path = FinalPath(file, target.path);
+        std::wstring final = FinalPath(file);
+        if (!final.empty()) {
+            target.path = std::move(final);
+        } else if (IsSymbolicLink(target.path)) {
+            throw FileError(path, ERROR_CANT_RESOLVE_FILENAME);
+        }
     } else {
         const RunTimeError error = OpenError(path, target.path, code);
         if (error.Number() != ErrorNumber::FileNotFound) throw error;

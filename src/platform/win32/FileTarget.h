@@ -46,8 +46,9 @@ RunTimeError OpenError(const std::string& given, const std::wstring& path, DWORD
 bool IsRegularFile(const FileHandle& file, DWORD& attributes);
 
 /// Follows the links of `path` to their end.
-/// @throws RunTimeError as SystemPath; 75 for what is no regular file, for links in a circle and for a link
-/// that leads nowhere, 76 when the folder is missing, 68 when the drive is, else what the system says.
+/// @throws RunTimeError as SystemPath; 75 for what is no regular file, for links in a circle, for a link that
+/// leads nowhere and for one whose end the system does not tell, 76 when the folder is missing, 68 when the
+/// drive is, else what the system says.
 FileTarget ResolveTarget(const std::string& path, const Pause& pause);
 
 /// Refuses a target that must not be replaced: one that is read-only or that the user may not write or
