@@ -1,15 +1,12 @@
 #include "platform/win32/ReplacementFile.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstdio>
-#include <random>
 #include <vector>
 
 #include "base/RunTimeError.h"
 #include "platform/win32/FileErrors.h"
-#include "platform/win32/WideText.h"
+#include "platform/win32/TemporaryName.h"
 
 namespace ventlock {
 namespace {
@@ -23,17 +20,6 @@ constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM 
 
 /// What a new file is opened for so that it can be given an access list.
 constexpr DWORD kToKeepAccessList = GENERIC_WRITE | READ_CONTROL | WRITE_DAC;
-
-std::wstring UnforeseeableName() {
-    std::random_device random;
-    std::string name = ".ventlock-";
-    for (int i = 0; i < 4; ++i) {
-        std::array<char, 9> digits{};
-        std::snprintf(digits.data(), digits.size(), "%08x", random());
-        name += digits.data();
-    }
-    return ToWideText(name + ".tmp");
-}
 
 /// The access list of an open file as the system keeps it; empty where the file system has none.
 std::vector<std::byte> AccessListOf(const FileHandle& file, DWORD& code) {
@@ -92,7 +78,7 @@ ReplacementFile::~ReplacementFile() {
 FileHandle ReplacementFile::Create() {
     const DWORD kept = target_.exists ? target_.attributes & kKeptAttributes : 0;
     for (int attempt = 0; attempt < kMostNames; ++attempt) {
-        const std::wstring path = target_.folder + UnforeseeableName();
+        const std::wstring path = target_.folder + TemporaryName();
         const auto open = [&](DWORD access) {
             return FileHandle(CreateFileW(path.c_str(), access, 0, nullptr, CREATE_NEW,
                                           kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, nullptr));

@@ -8,11 +8,12 @@
 
 #include <algorithm>
 #include <memory>
-#include <random>
 #include <utility>
 
 #include "base/RunTimeError.h"
 #include "platform/win32/FileErrors.h"
+#include "platform/win32/FileHandle.h"
+#include "platform/win32/TemporaryName.h"
 #include "platform/win32/WideText.h"
 
 namespace ventlock {
@@ -56,14 +57,6 @@ std::wstring WideProgramFolder() {
     return path;
 }
 
-std::string UnforeseeableName() {
-    constexpr std::string_view kDigits = "0123456789abcdef";
-    std::random_device random;
-    std::string name = ".ventlock-";
-    for (int i = 0; i < 32; ++i) name += kDigits[random() % kDigits.size()];
-    return name + ".tmp";
-}
-
 }  // namespace
 
 Win32Paths::Win32Paths(std::string exeName) : exeName_(std::move(exeName)) {}
@@ -99,13 +92,12 @@ std::string Win32Paths::StateFolder() {
 }
 
 bool Win32Paths::ProgramFolderIsWritable() {
-    const std::wstring path = ToWideText(Join(ProgramFolder(), UnforeseeableName()));
-    const HANDLE file =
-        CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
-                    FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    CloseHandle(file);
-    return true;
+    const std::wstring path = ToWideText(Join(ProgramFolder(), FromWideText(TemporaryName())));
+    return FileHandle(
+               CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                           FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE,
+                           nullptr))
+        .IsOpen();
 }
 
 std::string Win32Paths::Join(std::string_view folder, std::string_view name) {
