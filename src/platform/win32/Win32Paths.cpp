@@ -13,6 +13,7 @@
 #include "base/RunTimeError.h"
 #include "platform/win32/FileErrors.h"
 #include "platform/win32/FileHandle.h"
+#include "platform/win32/FinalPath.h"
 #include "platform/win32/TemporaryName.h"
 #include "platform/win32/WideText.h"
 
@@ -46,15 +47,19 @@ std::wstring Told(Tell tell) {
     }
 }
 
+/// The program's file behind every link; as it was started where the system tells no more.
 std::wstring ProgramPath() {
-    return Told([](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
+    std::wstring started =
+        Told([](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
+    std::wstring path = FinalPath(OpenForAttributes(LongForm(started)));
+    return path.empty() ? started : path;
 }
 
 std::wstring WideProgramFolder() {
     std::wstring path = ProgramPath();
     path.erase(path.find_last_of(kSeparators));
     if (path.ends_with(L':')) path += L'\\';
-    return path;
+    return ShortForm(path);
 }
 
 }  // namespace
@@ -92,7 +97,7 @@ std::string Win32Paths::StateFolder() {
 }
 
 bool Win32Paths::ProgramFolderIsWritable() {
-    const std::wstring path = ToWideText(Join(ProgramFolder(), FromWideText(TemporaryName())));
+    const std::wstring path = LongForm(ToWideText(Join(ProgramFolder(), FromWideText(TemporaryName()))));
     return FileHandle(
                CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                            FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE,

@@ -13,6 +13,8 @@ class Win32Paths final : public IPaths {
     /// @param exeName  what ExeName reports, so that every program of the family shares one INI file
     explicit Win32Paths(std::string exeName);
 
+    /// Begins with "\\?\" only where the path is too long for an ordinary one. Where the system does not tell
+    /// what a link leads to, the folder is the one that the program was started from.
     std::string ProgramFolder() override;
     std::string ExeName() override;
     std::string WindowsDirectory() override;

@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 
+#include "platform/win32/FinalPath.h"
 #include "platform/win32/WideText.h"
 #include "support/TempFolder.h"
 #include "support/WorkingFolder.h"
@@ -34,6 +35,15 @@ TEST(Win32Paths, TheProgramsFolderIsThatOfTheRunningProgram) {
     const std::string folder = Win32Paths("ventlock").ProgramFolder();
     EXPECT_TRUE(fs::is_regular_file(ToWideText(folder + "\\platform_tests.exe"))) << folder;
     EXPECT_FALSE(folder.ends_with('\\')) << folder;
+}
+
+TEST(Win32Paths, TheProgramsFolderIsTheFinalOneInTheShortForm) {
+    std::wstring started(4096, L'\0');
+    started.resize(GetModuleFileNameW(nullptr, started.data(), static_cast<DWORD>(started.size())));
+    const std::wstring path = FinalPath(OpenForAttributes(LongForm(started)));
+    ASSERT_TRUE(path.starts_with(L"\\\\?\\")) << FromWideText(path);
+    EXPECT_EQ(Win32Paths("ventlock").ProgramFolder(),
+              FromWideText(ShortForm(path.substr(0, path.rfind(L'\\')))));
 }
 
 TEST(Win32Paths, TheProgramsNameIsTheOneGiven) {
