@@ -7,7 +7,8 @@
 namespace ventlock::odbc {
 
 /// Registers or changes a data source of the user with the host's installer library. Whether settings of the
-/// data source that are not named stay is up to the library.
+/// data source that are not named stay is up to the library. On Windows one that could not be given all of
+/// its settings is registered no more, even if it was before.
 /// @throws RunTimeError 3146 with the installer's own messages.
 void WriteUserDataSource(const std::string& name, const std::string& driver,
                          const std::vector<std::pair<std::string, std::string>>& settings);

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "OdbcApi.h"
 #include "base/RunTimeError.h"
@@ -20,7 +21,8 @@ constexpr WORD kMostMessages = 8;       // the installer keeps no more
 constexpr WORD kLongestMessage = 1024;  // characters with the NUL
 constexpr const wchar_t* kDataSources = L"ODBC.INI";
 
-RunTimeError InstallerFailure() {
+/// What the installer says about its last call.
+std::vector<std::string> InstallerTexts() {
     std::vector<std::string> texts;
     for (WORD number = 1; number <= kMostMessages; ++number) {
         std::array<wchar_t, kLongestMessage> text{};
@@ -30,12 +32,16 @@ RunTimeError InstallerFailure() {
         if (!SQL_SUCCEEDED(result)) break;
         texts.push_back("[HY000] " + FromWideText(text.data()) + " (" + std::to_string(code) + ")");
     }
+    return texts;
+}
+
+RunTimeError InstallerFailure(std::vector<std::string> texts) {
     if (texts.empty()) texts.emplace_back("[HY000] The data source could not be registered (0)");
     return RunTimeError::OdbcCallFailed(std::move(texts));
 }
 
 void Require(BOOL done) {
-    if (!done) throw InstallerFailure();
+    if (!done) throw InstallerFailure(InstallerTexts());
 }
 
 // The installer works on the data sources of the user, not on the machine's, as long as this object lives.
@@ -56,14 +62,22 @@ bool IsListed(const std::string& name) {
 
 }  // namespace
 
+// A data source without all of its settings would be listed like any other and fail only when it is opened.
 void WriteUserDataSource(const std::string& name, const std::string& driver,
                          const std::vector<std::pair<std::string, std::string>>& settings) {
     const UserMode mode;
     const std::wstring wideName = ToWideText(name);
     Require(SQLWriteDSNToIniW(wideName.c_str(), ToWideText(driver).c_str()));
     for (const auto& [key, value] : settings) {
-        Require(SQLWritePrivateProfileStringW(wideName.c_str(), ToWideText(key).c_str(),
-                                              ToWideText(value).c_str(), kDataSources));
+        if (SQLWritePrivateProfileStringW(wideName.c_str(), ToWideText(key).c_str(),
+                                          ToWideText(value).c_str(), kDataSources)) {
+            continue;
+        }
+        std::vector<std::string> texts = InstallerTexts();
+        if (!SQLRemoveDSNFromIniW(wideName.c_str())) {
+            for (std::string& text : InstallerTexts()) texts.push_back(std::move(text));
+        }
+        throw InstallerFailure(std::move(texts));
     }
 }
 

@@ -67,5 +67,17 @@ TEST(RegisterDataSource, ANameThatTheInstallerRefusesFailsWithItsWords) {
     }
 }
 
+TEST(RegisterDataSource, OneOfWhichASettingCannotBeKeptFailsAndIsTakenBack) {
+    const std::string name = OdbcFolder::Get().UnusedName();
+    // The installer of Wine gives no words for it.
+    const std::string tooLong(20000, 'x');  // the registry takes names of 16383 characters
+    EXPECT_EQ(DiagnosticsOf([&] {
+                  odbc::WriteUserDataSource(name, "SQLite3", {{"Database", "C:\\device.db"}, {tooLong, "1"}});
+              }),
+              Texts{"[HY000] The data source could not be registered (0)"});
+    EXPECT_EQ(DriverInList(name), std::nullopt);
+    RemoveSettings(name);
+}
+
 }  // namespace
 }  // namespace ventlock::test
