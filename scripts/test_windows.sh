@@ -10,7 +10,7 @@ need_packages "${build_packages[@]}" "${windows_packages[@]}" "${windows_test_pa
 
 # The programs of 32 bits are tested where this machine takes packages of that word size (dpkg --add-architecture i386),
 # which Wine needs for them; else they are only looked into.
-i386_packages=(wine32:i386 libodbc2:i386 libsqliteodbc:i386)
+i386_packages=(wine32:i386 libodbc2:i386 libodbcinst2:i386 libsqliteodbc:i386)
 runs_32_bit() {
     dpkg --print-foreign-architectures | grep -qx i386 || return
     need_packages "${i386_packages[@]}" >/dev/null 2>&1
