@@ -21,13 +21,14 @@ constexpr UINT kAnswerMs = 5000;  // for what a window that hangs does not answe
         testing::TestPartResult(testing::TestPartResult::kFatalFailure, __FILE__, __LINE__, text.c_str()));
 }
 
+BOOL CALLBACK AddTo(HWND window, LPARAM list) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
 std::vector<HWND> Windows(BOOL(WINAPI* enumerate)(HWND, WNDENUMPROC, LPARAM), HWND parent) {
     std::vector<HWND> windows;
-    const WNDENUMPROC add = [](HWND window, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-        return TRUE;
-    };
-    enumerate(parent, add, reinterpret_cast<LPARAM>(&windows));
+    enumerate(parent, AddTo, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 
