@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <string>
+
 #include "cli/Advice.h"
 #include "platform/Casing.h"
 
@@ -9,10 +12,13 @@ namespace {
 const bool kIsWide = sizeof(void*) == 8;
 const std::string kBits = kIsWide ? "64-bit" : "32-bit";
 
-// On a 64-bit system; the system writes the names of its folders in upper or lower case as it likes.
+// A 64-bit system has a folder of its own for 32-bit programs. The system writes the names of its folders in
+// upper or lower case as it likes.
+const bool kHasFolderOfItsOwn = !kIsWide && std::filesystem::exists("C:\\Windows\\SysWOW64");
 const std::string kAdministrator =
     "\"ODBC Data Sources (" + kBits + ")\" (" +
-    (kIsWide ? "C:\\Windows\\System32\\odbcad32.exe" : "C:\\Windows\\SysWOW64\\odbcad32.exe") + ")";
+    (kHasFolderOfItsOwn ? "C:\\Windows\\SysWOW64\\odbcad32.exe" : "C:\\Windows\\System32\\odbcad32.exe") +
+    ")";
 
 TEST(DriverAdvice, OfAnotherWordSizeNamesTheProgramsOwnAndItsAdministrator) {
     EXPECT_EQ(
