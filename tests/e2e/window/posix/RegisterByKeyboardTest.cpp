@@ -7,32 +7,11 @@
 #include <utility>
 #include <vector>
 
+#include "e2e/window/WindowEntry.h"
 #include "e2e/window/posix/WindowWorld.h"
 
 namespace ventlock::test {
 namespace {
-
-constexpr const char* kEntry =
-    "[Flow]\n"
-    "ManID=26\n"
-    "ManName=Acme\n"
-    "ManDesc=Acme Inc\n"
-    "Protocol=Conventional\n"
-    "DevID=0A\n"
-    "DevName=Flow\n"
-    "DevDesc=Flow meter\n"
-    "DevRev=02\n"
-    "DDRev=03\n"
-    "ProtRev=05\n"
-    "DevRevName=R1\n"
-    "DevRevDesc=First\n"
-    "MajorCategory=Pressure\n"
-    "MinorCategory=Gauge\n"
-    "DLLName=Dev\n"
-    "TemplateName=t\n"
-    "DevHelp=h\n"
-    "BlkHelp=b\n"
-    "TAVVersions=5.0, 6.0\n";
 
 using Fields = std::vector<std::pair<std::string, std::string>>;  // label and text
 
@@ -164,7 +143,7 @@ TEST_F(RegisterByKeyboard, FillsWritesClosesAndComesBackWithTheSameEntry) {
 
     World other;
     other.MakeDatabase();
-    other.Write("flow.ini", kEntry);
+    other.Write("flow.ini", kWindowEntry);
     const ProgramResult written = other.Run(
         {"register", "flow.ini", "--all", "--ini-path", "Pyx.ini", "--ddinstall-path", "Ddinstal.ini"});
     EXPECT_EQ(written.exitCode, 0) << written.err;

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "e2e/window/WindowEntry.h"
 #include "e2e/window/win32/InstalledProgram.h"
 #include "e2e/window/win32/WindowProgram.h"
 #include "platform/win32/WideText.h"
@@ -17,28 +18,6 @@ namespace ventlock::test {
 namespace {
 
 using Fields = std::vector<std::pair<std::wstring, std::wstring>>;  // label and text
-
-constexpr const char* kEntry =
-    "[Flow]\n"
-    "ManID=26\n"
-    "ManName=Acme\n"
-    "ManDesc=Acme Inc\n"
-    "Protocol=Conventional\n"
-    "DevID=0A\n"
-    "DevName=Flow\n"
-    "DevDesc=Flow meter\n"
-    "DevRev=02\n"
-    "DDRev=03\n"
-    "ProtRev=05\n"
-    "DevRevName=R1\n"
-    "DevRevDesc=First\n"
-    "MajorCategory=Pressure\n"
-    "MinorCategory=Gauge\n"
-    "DLLName=Dev\n"
-    "TemplateName=t\n"
-    "DevHelp=h\n"
-    "BlkHelp=b\n"
-    "TAVVersions=5.0, 6.0\n";
 
 constexpr const char* kPyxIni =
     "[Devices]\r\n"
@@ -114,25 +93,21 @@ class RoundTrip : public testing::Test {
         TypeInto(program, {{L"Major Category", L"Pressure"}, {L"Minor Category", L"Gauge"}});
     }
 
-    /// By access keys and space.
+    /// Picks a command of the menu "File" by its access key; it tells `message` and its button can be pressed
+    /// no more.
+    static void WriteBy(WORD key, const WindowProgram& program, const std::wstring& button,
+                        const std::wstring& message) {
+        program.Press({VK_MENU, 'F'});
+        program.ExpectMenu();
+        program.Press({key});
+        EXPECT_EQ(program.DismissMessageBox(), message);
+        program.ExpectButtonEnabled(button, false);
+    }
+
     static void WriteAll(const WindowProgram& program) {
-        program.Press({VK_MENU, 'F'});
-        program.ExpectMenu();
-        program.Press({'D'});
-        EXPECT_EQ(program.DismissMessageBox(), L"The database has been updated.");
-        program.ExpectButtonEnabled(L"Write DB", false);
-
-        program.Press({VK_MENU, 'F'});
-        program.ExpectMenu();
-        program.Press({'I'});
-        EXPECT_EQ(program.DismissMessageBox(), L"The entry has been inserted.");
-        program.ExpectButtonEnabled(L"Write .INI", false);
-
-        program.Press({VK_MENU, 'F'});
-        program.ExpectMenu();
-        program.Press({'L'});
-        EXPECT_EQ(program.DismissMessageBox(), L"The entry has been inserted.");
-        program.ExpectButtonEnabled(L"Write DDInstall", false);
+        WriteBy('D', program, L"Write DB", L"The database has been updated.");
+        WriteBy('I', program, L"Write .INI", L"The entry has been inserted.");
+        WriteBy('L', program, L"Write DDInstall", L"The entry has been inserted.");
     }
 
     static void ExpectEntryIsShown(const WindowProgram& program) {
@@ -195,7 +170,7 @@ TEST_F(RoundTrip, FillsWritesClosesAndComesBackWithTheSameEntry) {
               "[TAV Server 1]\r\nDataSourceName=" + database_.Dsn() + "\r\n\r\n" + kPyxIni);
 
     SqliteDatabase other;
-    WriteBytes(machine_.Path("flow.ini"), kEntry);
+    WriteBytes(machine_.Path("flow.ini"), kWindowEntry);
     WriteBytes(machine_.Path("other.ini"), "[TAV Server 1]\r\nDataSourceName=" + database_.Dsn() + "\r\n");
     const ProgramResult written =
         machine_.Run({"register", "flow.ini", "--all", "--dsn", other.Dsn(), "--ini-path", "other.ini",
