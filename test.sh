@@ -1,14 +1,19 @@
 #!/usr/bin/env bash
 # Everything that must hold: form, static analysis, and every test with the address and undefined behaviour
-# sanitizers. --windows: the Windows programs instead, made here and run under Wine. Installs what is missing. Ends with
-# the test runner's own summary.
+# sanitizers. Installs what is missing. Ends with the test runner's own summary. What takes longer or needs more has a
+# script of its own, scripts/test_<kind>.sh, which --<kind> runs instead: --windows for the Windows programs under Wine.
 set -euo pipefail
 cd "$(dirname "$0")"
-case ${1:-} in
-    "") ;;
-    --windows) exec scripts/test_windows.sh ;;
-    *) echo "usage: ./test.sh [--windows]" >&2 && exit 2 ;;
-esac
+if [ $# -gt 0 ]; then
+    other=scripts/test_${1#--}.sh
+    if [[ $1 != --* || ! -x $other ]]; then
+        kinds=(scripts/test_*.sh)
+        kinds=("${kinds[@]%.sh}")
+        echo "usage: ./test.sh [${kinds[*]/#scripts\/test_/--}]" >&2
+        exit 2
+    fi
+    exec "$other" "${@:2}"
+fi
 . scripts/packages.sh
 
 need_packages "${build_packages[@]}" "${test_packages[@]}" "${display_packages[@]}"
