@@ -1,25 +1,12 @@
 #include "cli/Advice.h"
 
-#include <algorithm>
-#include <initializer_list>
-#include <string_view>
-
-#include "platform/Casing.h"
 #include "platform/odbc/DriverAdvice.h"
+#include "platform/odbc/DriverAnswers.h"
 
 namespace ventlock {
 namespace {
 
-/// Whether one of the records holds one of the texts, case ignored. Drivers agree on neither states nor
-/// wording.
-bool Mention(const std::vector<std::string>& diagnostics, std::initializer_list<std::string_view> texts) {
-    return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const std::string& record) {
-        const std::string folded = UpperCase(record);
-        return std::any_of(texts.begin(), texts.end(), [&](std::string_view text) {
-            return folded.find(UpperCase(text)) != std::string::npos;
-        });
-    });
-}
+using odbc::Mention;
 
 constexpr const char* kLockedAdvice =
     "Another program holds the database. End it or wait until it is done, then run the command again.";
@@ -56,12 +43,15 @@ std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool is
         return "Choose another name for the data source: at most 32 characters, none of []{}(),;?*=!@\\.";
     }
     if (Mention(diagnostics, {"disk is full", "disk full"})) return "Make room on the database's disk.";
-    if (Mention(diagnostics, {"unique", "duplicate", "[23505]"})) {
+    if (odbc::TellDuplicate(diagnostics)) {
         if (isOldSchema) {
             return "A database of the old schema takes each manufacturer, type and revision once and "
                    "changes none. Delete its rows first, or leave the database out.";
         }
         return "Another program took the number in between. Run the command again.";
+    }
+    if (odbc::TellGivenUp(diagnostics)) {
+        return "Another program wrote to the same rows. Run the command again.";
     }
     return "Check the entry with \"ventlock-cli check\" and the database with \"ventlock-cli database "
            "info\".";

@@ -7,6 +7,7 @@
 #include "cli/Advice.h"
 #include "cli/CliError.h"
 #include "cli/RegisterPlan.h"
+#include "cli/Restarts.h"
 #include "cli/UnifiedDiff.h"
 #include "db/SchemaVersion.h"
 #include "entry/GatherEntry.h"
@@ -101,19 +102,60 @@ class EntryWriter {
     }
 
     TargetResult WriteDatabase(const PlannedEntry& entry, Json& json) {
+        Json& statements = json["statements"] = Json::array();
+        Restarts restarts;
+        TargetResult result = TryDatabase(entry, restarts, statements);
+        while (!result.isWritten && MayStartAnew() && restarts.StartAnew(services_.Journal())) {
+            NoteRestart(entry);
+            Begin();
+            result = TryDatabase(entry, restarts, statements);
+        }
+        if (restarts.Count() > 0) json["restarts"] = restarts.Count();
+        return result;
+    }
+
+    /// One start of an entry, with the objects that Begin has made.
+    TargetResult TryDatabase(const PlannedEntry& entry, const Restarts& restarts, Json& statements) {
         const bool isReady = MakeReady();
         Gather(entry);
         // A category that could not be found or made is an error of its own; going on would store another
         // one.
-        const bool isGathered = services_.Journal().Diagnostics().empty() && services_.Messages().IsEmpty();
+        isGathered_ = services_.Journal().Diagnostics().empty() && services_.Messages().IsEmpty();
+        if (isReady && isGathered_ && restarts.MetLeftRow()) TakeOverLeftManufacturer();
         TargetResult result;
-        result.isWritten = isReady && isGathered && facade_->Update();
+        result.isWritten = isReady && isGathered_ && facade_->Update();
         if (!result.isWritten) {
             result.advice = StatementAdvice(services_.Journal().Diagnostics(),
                                             plan_.Database().schemaVersion < kCurrentSchema);
         }
         result.messages = services_.TakeDetails();
-        Json& statements = json["statements"] = Json::array();
+        NoteStatements(statements);
+        return result;
+    }
+
+    /// Rows of the old schema have no numbers that another start could choose anew; categories do.
+    [[nodiscard]] bool MayStartAnew() const {
+        return !isGathered_ || plan_.Database().schemaVersion >= kCurrentSchema;
+    }
+
+    void NoteRestart(const PlannedEntry& entry) {
+        auto& log = services_.Objects().Get<clsLog>(kLogKey);
+        const std::string text = "[" + entry.source->name + "] " + entry.path +
+                                 ": another program was first; the entry is started anew.";
+        log.Log(text, {}, {}, Variant(int{kLogToFile}));
+    }
+
+    /// A new manufacturer's row is inserted before the protocol row that leads to it. A program that was
+    /// ended in between has left a row that no search finds and whose number every new manufacturer is given.
+    /// The row becomes this entry's own; the update that refreshes a known manufacturer does that.
+    void TakeOverLeftManufacturer() {
+        clsManufacturer& manufacturer = facade_->Manufacturer();
+        manufacturer.MfrProtocolID();  // searched now and kept
+        if (manufacturer.MfrProtocolFound == 0) manufacturer.MfrNameFound = 1;
+    }
+
+    /// Adds the statements of this start.
+    void NoteStatements(Json& statements) {
         for (const JournalEntry& call : services_.Journal().Entries()) {
             std::string line = call.statement;
             for (std::size_t i = 0; i < call.values.size(); ++i) {
@@ -122,7 +164,6 @@ class EntryWriter {
             statements.push_back(line);
             if (options_.isDryRun) console_.WriteLine(line);
         }
-        return result;
     }
 
     template <class Work>
@@ -176,7 +217,8 @@ class EntryWriter {
     RegisterPlan& plan_;
     Console& console_;
     std::unique_ptr<clsTavDB> facade_;
-    bool isReady_ = false;  ///< the facade can write to the database
+    bool isReady_ = false;     ///< the facade can write to the database
+    bool isGathered_ = false;  ///< the entry's categories are found or made
     std::unique_ptr<clsPyxConfig> pyxConfig_;
     std::unique_ptr<clsDDInstall> ddInstall_;
 };

@@ -14,6 +14,7 @@
 #include "db/clsConnection.h"
 #include "entry/EntrySettings.h"
 #include "platform/odbc/DriverAdvice.h"
+#include "platform/odbc/DriverAnswers.h"
 #include "ui/frmMain.h"
 #include "ui/modMain.h"
 

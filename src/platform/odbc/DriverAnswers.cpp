@@ -1,0 +1,33 @@
+#include "platform/odbc/DriverAnswers.h"
+
+#include <algorithm>
+
+#include "platform/Casing.h"
+
+namespace ventlock::odbc {
+
+bool Mention(const std::vector<std::string>& diagnostics, std::initializer_list<std::string_view> texts) {
+    return std::any_of(diagnostics.begin(), diagnostics.end(), [&](const std::string& record) {
+        const std::string folded = UpperCase(record);
+        return std::any_of(texts.begin(), texts.end(), [&](std::string_view text) {
+            return folded.find(UpperCase(text)) != std::string::npos;
+        });
+    });
+}
+
+bool TellOtherWordSize(const std::vector<std::string>& diagnostics) {
+    return std::any_of(diagnostics.begin(), diagnostics.end(),
+                       [](const std::string& record) { return record.starts_with("[IM014]"); });
+}
+
+bool TellDuplicate(const std::vector<std::string>& diagnostics) {
+    // A server may answer in the language of its country: PostgreSQL is known by its state, MariaDB by its
+    // own code.
+    return Mention(diagnostics, {"unique", "duplicate", "[23505]", "(1062)"});
+}
+
+bool TellGivenUp(const std::vector<std::string>& diagnostics) {
+    return Mention(diagnostics, {"[40001]", "[40P01]", "(1213)"});
+}
+
+}  // namespace ventlock::odbc
