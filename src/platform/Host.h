@@ -12,6 +12,7 @@
 #include "platform/IPaths.h"
 #include "platform/IProcess.h"
 #include "platform/IRegistry.h"
+#include "platform/Pause.h"
 
 namespace ventlock {
 
@@ -34,6 +35,7 @@ class Host {
 
 /// The host of this build. It touches no file before it is asked to.
 /// @param exeName  what Paths().ExeName() reports: "ventlock" for every program of the family
-std::unique_ptr<Host> CreateHost(std::string exeName);
+/// @param pause    how its files wait between two tries while another program has a file or its lock
+std::unique_ptr<Host> CreateHost(std::string exeName, Pause pause = SleepFor);
 
 }  // namespace ventlock

@@ -30,7 +30,7 @@ bool VentlockApp::OnInit() {
     wxFileSystem::AddHandler(new wxArchiveFSHandler);
     SetExitOnFrameDelete(false);
     // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
-    host_ = CreateHost("ventlock");
+    host_ = CreateHost("ventlock", PauseWith(events_));
     messages_ = std::make_unique<WindowMessages>(host_->AppInfo(), help_);
     files_ = std::make_unique<RelativeFiles>(host_->Files(), host_->Paths(), host_->Paths().ProgramFolder());
     try {

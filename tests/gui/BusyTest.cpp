@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <wx/app.h>
 #include <wx/dialog.h>
 #include <wx/modalhook.h>
 
@@ -9,6 +10,7 @@
 #include <functional>
 #include <string>
 
+#include "core/modLocalization.h"
 #include "gui/GuiWorld.h"
 #include "gui/Input.h"
 #include "ui/modMain.h"
@@ -108,6 +110,30 @@ TEST_F(DuringACommand, FieldsAreStillEvaluated) {
     frmMain& window = world_.Window();
     Meanwhile([&] { window.Controls().txtMain[kManufacturerIdBox]->SetText(""); });
     EXPECT_FALSE(window.Controls().cmdWriteDB->IsEnabled());
+}
+
+TEST_F(DuringACommand, WindowEventsRunWhileAnotherProgramHoldsTheFile) {
+    const std::unique_ptr<Host> other = CreateHost("other");
+    std::unique_ptr<IFileLock> lock = other->Files().Lock(world_.PyxPath());
+    const Pause pause = world_.host.pause;
+    bool isReleased = false;
+    // The other program is done when an event of the window has run: without it the wait ends in an error.
+    world_.host.pause = [&](std::chrono::milliseconds time) {
+        if (!isReleased) {
+            isReleased = true;
+            wxTheApp->CallAfter([&] {
+                EXPECT_TRUE(world_.Window().IsBusy());
+                lock.reset();
+            });
+        }
+        pause(time);
+    };
+    world_.Window().mnuWriteINI_Click();
+    EXPECT_TRUE(isReleased);
+    EXPECT_EQ(lock, nullptr);
+    ASSERT_EQ(world_.messages.messages.size(), 1U);
+    EXPECT_EQ(world_.messages.messages[0].text, GetString("IDS_MSG_INS_GOOD"));
+    EXPECT_NE(ReadBytes(world_.PyxPath()).find("[000026.000A.01]"), std::string::npos);
 }
 
 TEST_F(DuringACommand, AnotherOneRunsAfterItsEnd) {

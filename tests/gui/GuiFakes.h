@@ -94,6 +94,9 @@ struct FakeHost final : Host {
     std::function<IRegistry&()> findRegistry = [this]() -> IRegistry& { return registry; };
     std::function<IClock&()> findClock = [this]() -> IClock& { return clock; };
 
+    /// How the files wait for another program.
+    Pause pause = SleepFor;
+
     IRegistry& Registry() override { return findRegistry(); }
     IFiles& Files() override { return real_->Files(); }
     IPaths& Paths() override { return paths; }
@@ -105,7 +108,8 @@ struct FakeHost final : Host {
     IMessageBox& ConsoleMessages() override { return console; }
 
  private:
-    std::unique_ptr<Host> real_ = CreateHost("ventlock");
+    std::unique_ptr<Host> real_ =
+        CreateHost("ventlock", [this](std::chrono::milliseconds time) { pause(time); });
 };
 
 }  // namespace ventlock::test

@@ -38,6 +38,7 @@ WindowEvents GuiWorld::MakeEvents() {
 
 void GuiWorld::Furnish(const std::string& dataSource) {
     gbTerminate = false;
+    host.pause = PauseWith(events_);
     host.paths.programFolder = folder_ / "program";
     fs::create_directory(host.paths.programFolder);
     for (const char* name : {"QorStandard.dct", "Ventlock.dct"})

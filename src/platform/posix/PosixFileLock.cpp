@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 
 #include <cerrno>
-#include <thread>
 
 #include "base/RunTimeError.h"
 #include "platform/posix/FileErrors.h"
@@ -20,18 +19,18 @@ constexpr int kHowToOpen = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
 }  // namespace
 
 PosixFileLock::PosixFileLock(const FileCalls& calls, const FileTarget& target,
-                             std::chrono::milliseconds patience)
+                             std::chrono::milliseconds patience, const Pause& pause)
     : calls_(calls),
       given_(target.given),
       path_(target.folder + "/." + target.name + ".lock"),
-      file_(Acquire(patience)) {}
+      file_(Acquire(patience, pause)) {}
 
 PosixFileLock::~PosixFileLock() {
     // Taken away while still held: whoever has it open finds out by StillNames and makes a new one.
     calls_.unlink(path_.c_str());
 }
 
-Descriptor PosixFileLock::Acquire(std::chrono::milliseconds patience) const {
+Descriptor PosixFileLock::Acquire(std::chrono::milliseconds patience, const Pause& pause) const {
     const auto end = std::chrono::steady_clock::now() + patience;
     for (;;) {
         Descriptor file = Open();
@@ -41,7 +40,7 @@ Descriptor PosixFileLock::Acquire(std::chrono::milliseconds patience) const {
         // Its holder may have taken it away between our open and our lock: then it guards nothing any more.
         if (isLocked && StillNames(file)) return file;
         if (std::chrono::steady_clock::now() >= end) throw FileError(given_, EWOULDBLOCK);
-        if (!isLocked) std::this_thread::sleep_for(kPause);
+        if (!isLocked) pause(kPause);
     }
 }
 

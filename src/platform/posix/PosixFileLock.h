@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/IFiles.h"
+#include "platform/Pause.h"
 #include "platform/posix/Descriptor.h"
 #include "platform/posix/FileTarget.h"
 
@@ -14,13 +15,14 @@ namespace ventlock {
 /// taken away when the lock is released; one left by a killed process holds nobody up.
 class PosixFileLock final : public IFileLock {
  public:
-    /// Waits up to `patience`. `calls` must outlive the lock.
+    /// Tries for up to `patience`. `calls` must outlive the lock.
     /// @throws RunTimeError 70 when another holds the lock for longer, else what the system says.
-    PosixFileLock(const FileCalls& calls, const FileTarget& target, std::chrono::milliseconds patience);
+    PosixFileLock(const FileCalls& calls, const FileTarget& target, std::chrono::milliseconds patience,
+                  const Pause& pause);
     ~PosixFileLock() override;
 
  private:
-    [[nodiscard]] Descriptor Acquire(std::chrono::milliseconds patience) const;
+    [[nodiscard]] Descriptor Acquire(std::chrono::milliseconds patience, const Pause& pause) const;
     [[nodiscard]] Descriptor Open() const;
     [[nodiscard]] int OpenExisting() const;
     [[nodiscard]] bool StillNames(const Descriptor& file) const;

@@ -90,7 +90,7 @@ void PosixFiles::Append(const std::string& path, std::string_view bytes) {
 }
 
 std::unique_ptr<IFileLock> PosixFiles::Lock(const std::string& path) {
-    return std::make_unique<PosixFileLock>(calls_, ResolveTarget(calls_, path), lockPatience_);
+    return std::make_unique<PosixFileLock>(calls_, ResolveTarget(calls_, path), lockPatience_, pause_);
 }
 
 }  // namespace ventlock

@@ -4,8 +4,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/IFiles.h"
+#include "platform/Pause.h"
 #include "platform/posix/FileCalls.h"
 
 namespace ventlock {
@@ -16,9 +18,13 @@ namespace ventlock {
 class PosixFiles final : public IFiles {
  public:
     /// @param lockPatience  how long Lock waits for another holder
-    explicit PosixFiles(std::chrono::milliseconds lockPatience = std::chrono::seconds(10),
-                        const FileCalls& calls = SystemFileCalls())
-        : calls_(calls), lockPatience_(lockPatience) {}
+    /// @param pause         how it waits between two tries
+    explicit PosixFiles(std::chrono::milliseconds lockPatience = kLockPatience, Pause pause = SleepFor)
+        : PosixFiles(lockPatience, SystemFileCalls(), std::move(pause)) {}
+
+    /// With other system calls.
+    PosixFiles(std::chrono::milliseconds lockPatience, const FileCalls& calls, Pause pause = SleepFor)
+        : calls_(calls), lockPatience_(lockPatience), pause_(std::move(pause)) {}
 
     bool Exists(const std::string& path) override;
     void RequireReplaceable(const std::string& path) override;
@@ -33,6 +39,7 @@ class PosixFiles final : public IFiles {
  private:
     FileCalls calls_;
     std::chrono::milliseconds lockPatience_;
+    Pause pause_;
 };
 
 }  // namespace ventlock

@@ -19,7 +19,7 @@ namespace ventlock {
 /// names when the host is made.
 class PosixHost final : public Host {
  public:
-    explicit PosixHost(std::string exeName);
+    PosixHost(std::string exeName, Pause pause);
 
     IRegistry& Registry() override { return registry_; }
     IFiles& Files() override { return files_; }

@@ -4,18 +4,11 @@
 
 #include <array>
 #include <chrono>
-#include <functional>
 #include <string>
 
+#include "platform/Pause.h"
+
 namespace ventlock {
-
-/// What is done between two tries: waits for the time given.
-using Pause = std::function<void(std::chrono::milliseconds)>;
-
-/// Lets the thread sleep.
-inline void SleepFor(std::chrono::milliseconds time) {
-    Sleep(static_cast<DWORD>(time.count()));
-}
 
 /// The pauses while another program, a virus scanner for one, has a file open for a moment: one second in
 /// all.

@@ -20,8 +20,7 @@ class Win32Files final : public IFiles {
  public:
     /// @param lockPatience  how long Lock waits for another holder
     /// @param pause         how it is waited between two tries
-    explicit Win32Files(std::chrono::milliseconds lockPatience = std::chrono::seconds(10),
-                        Pause pause = SleepFor)
+    explicit Win32Files(std::chrono::milliseconds lockPatience = kLockPatience, Pause pause = SleepFor)
         : lockPatience_(lockPatience), pause_(std::move(pause)) {}
 
     bool Exists(const std::string& path) override;

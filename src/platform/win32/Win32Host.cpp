@@ -4,10 +4,11 @@
 
 namespace ventlock {
 
-Win32Host::Win32Host(std::string exeName) : paths_(std::move(exeName)) {}
+Win32Host::Win32Host(std::string exeName, Pause pause)
+    : files_(kLockPatience, std::move(pause)), paths_(std::move(exeName)) {}
 
-std::unique_ptr<Host> CreateHost(std::string exeName) {
-    return std::make_unique<Win32Host>(std::move(exeName));
+std::unique_ptr<Host> CreateHost(std::string exeName, Pause pause) {
+    return std::make_unique<Win32Host>(std::move(exeName), std::move(pause));
 }
 
 }  // namespace ventlock

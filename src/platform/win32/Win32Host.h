@@ -18,7 +18,7 @@ namespace ventlock {
 /// The Windows host's parts put together.
 class Win32Host final : public Host {
  public:
-    explicit Win32Host(std::string exeName);
+    Win32Host(std::string exeName, Pause pause);
 
     IRegistry& Registry() override { return registry_; }
     IFiles& Files() override { return files_; }
