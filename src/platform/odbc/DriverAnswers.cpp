@@ -21,9 +21,10 @@ bool TellOtherWordSize(const std::vector<std::string>& diagnostics) {
 }
 
 bool TellDuplicate(const std::vector<std::string>& diagnostics) {
-    // A server may answer in the language of its country: PostgreSQL is known by its state, MariaDB by its
-    // own code.
-    return Mention(diagnostics, {"unique", "duplicate", "[23505]", "(1062)"});
+    // A server may answer in the language of its country and quotes what users typed: PostgreSQL is known by
+    // its state, MariaDB by its own code. Other servers have one state for all kinds of constraints.
+    return Mention(diagnostics, {"[23505]", "(1062)", "UNIQUE constraint failed"}) ||
+           (Mention(diagnostics, {"[23000]"}) && Mention(diagnostics, {"duplicate"}));
 }
 
 bool TellGivenUp(const std::vector<std::string>& diagnostics) {
