@@ -15,9 +15,23 @@ namespace {
 
 constexpr int kMostLinks = 40;
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr mode_t kOthersWrite = S_IWGRP | S_IWOTH;
+constexpr uid_t kSuperuser = 0;
 
 bool IsLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+/// In a folder that others may write to anybody can put a link that leads the user's own rights elsewhere.
+/// There it counts only when it is the user's, the folder owner's or the superuser's.
+void RequireTrustedLink(const FileCalls& calls, const FileTarget& target) {
+    struct stat folder {};
+    if (calls.stat(FolderOf(target.path).c_str(), &folder) != 0) throw FileError(target.given, errno);
+    if ((folder.st_mode & kOthersWrite) == 0) return;
+    const uid_t owner = target.facts.st_uid;
+    if (owner == geteuid() || owner == folder.st_uid || owner == kSuperuser) return;
+    throw RunTimeError::OfFile(ErrorNumber::PathFileAccessError,
+                               "\"" + target.given + "\": Another user's symbolic link in a shared folder");
 }
 
 std::string LinkText(const FileCalls& calls, const FileTarget& target) {
@@ -64,6 +78,7 @@ FileTarget ResolveTarget(const FileCalls& calls, const std::string& path) {
         target.exists = calls.lstat(target.path.c_str(), &target.facts) == 0;
         if (!target.exists && errno != ENOENT) throw FileError(path, errno);
         if (target.exists && S_ISLNK(target.facts.st_mode)) {
+            RequireTrustedLink(calls, target);
             target.path = LinkText(calls, target);
             continue;
         }

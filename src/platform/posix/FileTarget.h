@@ -29,8 +29,9 @@ std::string FolderOf(std::string_view path);
 void RequireUsablePath(const std::string& path);
 
 /// Follows the links of `path` to their end; a link to a missing file leads to the file that is to be made.
-/// @throws RunTimeError as RequireUsablePath; 75 for what is no regular file and for links in a circle, 76
-/// when the folder is missing, else what the system says.
+/// @throws RunTimeError as RequireUsablePath; 75 for what is no regular file, for links in a circle and for
+/// another user's link in a folder that others may write to, 76 when the folder is missing, else what the
+/// system says.
 FileTarget ResolveTarget(const FileCalls& calls, const std::string& path);
 
 /// Refuses a target that must not be replaced: one without any write permission, which holds for every user,

@@ -20,22 +20,17 @@ namespace {
 constexpr mode_t kOrdinaryMode = 0666;
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 
-/// O_NONBLOCK: a pipe of that name must not hold the program up before it can be refused.
-constexpr int kHowToOpen = O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
+/// O_NONBLOCK: a pipe of that name must not hold the program up before it can be refused. O_NOFOLLOW: a link
+/// that has come since the target was found counts no more than any other that may not be followed.
+constexpr int kHowToOpen = O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
 
 /// Opens a regular file.
 Descriptor Open(const FileCalls& calls, const std::string& path, int flags, struct stat& facts) {
-    RequireUsablePath(path);
-    Descriptor file(
-        calls, Uninterrupted([&] { return calls.open(path.c_str(), flags | kHowToOpen, kOrdinaryMode); }));
-    if (!file.IsOpen()) {
-        const int reason = errno;
-        struct stat folder {};
-        // A path that ends in "/" is a folder to the system before it looks whether that is there.
-        const bool mayLackFolder = reason == ENOENT || reason == EISDIR;
-        const bool folderMissing = mayLackFolder && calls.stat(FolderOf(path).c_str(), &folder) != 0;
-        throw FileError(folderMissing ? ErrorNumber::PathNotFound : FileErrorNumber(reason), path, reason);
-    }
+    const FileTarget target = ResolveTarget(calls, path);
+    Descriptor file(calls, Uninterrupted([&] {
+                        return calls.open(target.path.c_str(), flags | kHowToOpen, kOrdinaryMode);
+                    }));
+    if (!file.IsOpen()) throw FileError(path, errno);
     if (calls.fstat(file.Number(), &facts) != 0) throw FileError(path, errno);
     if (!S_ISREG(facts.st_mode)) {
         throw FileError(ErrorNumber::PathFileAccessError, path, S_ISDIR(facts.st_mode) ? EISDIR : EACCES);

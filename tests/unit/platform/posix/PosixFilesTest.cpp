@@ -126,10 +126,7 @@ TEST_F(FilesTest, ANameThatTheSystemCannotHoldIs52) {
 
 TEST_F(FilesTest, APipeIs75AndHoldsNothingUp) {
     ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
-    std::vector<int> numbers = NumbersOf(folder_ / "pipe");
-    EXPECT_EQ(numbers[5], 68);  // nobody reads it
-    numbers[5] = 75;
-    EXPECT_EQ(numbers, kAll75);
+    EXPECT_EQ(NumbersOf(folder_ / "pipe"), kAll75);
     EXPECT_EQ(folder_.Listing(), "pipe");
 }
 
@@ -226,6 +223,82 @@ TEST_F(FilesTest, AppendFollowsLinks) {
     files_.Append(folder_ / "link.log", "1");
     EXPECT_EQ(ReadBytes(folder_ / "real.log"), "1");
     EXPECT_TRUE(fs::is_symlink(folder_ / "link.log"));
+}
+
+/// A folder that everybody may write to, with a file beside it that a link of another user leads to.
+class SharedFolder : public FilesTest {
+ protected:
+    static constexpr uid_t kOther = 65534;
+
+    void SetUp() override {
+        if (geteuid() != 0) GTEST_SKIP() << "only the superuser can make another user's link";
+        WriteBytes(elsewhere_ / "victim", "precious");
+        ASSERT_EQ(chmod(folder_.Path().c_str(), 01777), 0);
+    }
+
+    /// Plants a link of `owner`; the path of the link.
+    std::string Plant(const std::string& name, uid_t owner) {
+        const std::string path = folder_ / name;
+        fs::create_symlink(elsewhere_ / "victim", path);
+        EXPECT_EQ(lchown(path.c_str(), owner, owner), 0);
+        return path;
+    }
+};
+
+TEST_F(SharedFolder, NoOperationFollowsALinkThatAnotherUserHasPut) {
+    const std::string planted = Plant("a.ini", kOther);
+    EXPECT_EQ(NumbersOf(planted), kAll75);
+    EXPECT_EQ(TextRaisedBy([&] { files_.Replace(planted, "new"); }),
+              "Path/File access error \"" + planted + "\": Another user's symbolic link in a shared folder");
+    EXPECT_EQ(ReadBytes(elsewhere_ / "victim"), "precious");
+    EXPECT_EQ(folder_.Listing(), "a.ini");
+}
+
+TEST_F(SharedFolder, ALinkWithinTheChainCountsLikeTheFirst) {
+    Plant("planted", kOther);
+    fs::create_symlink(folder_ / "planted", elsewhere_ / "own.ini");
+    EXPECT_EQ(NumbersOf(elsewhere_ / "own.ini"), kAll75);
+    EXPECT_EQ(ReadBytes(elsewhere_ / "victim"), "precious");
+}
+
+TEST_F(SharedFolder, LinksOfTheUserAndOfTheFoldersOwnerAreFollowed) {
+    files_.Replace(Plant("mine.ini", geteuid()), "new");
+    EXPECT_EQ(ReadBytes(elsewhere_ / "victim"), "new");
+    ASSERT_EQ(chown(folder_.Path().c_str(), kOther, kOther), 0);
+    files_.Replace(Plant("owners.ini", kOther), "newer");
+    EXPECT_EQ(ReadBytes(elsewhere_ / "victim"), "newer");
+}
+
+TEST_F(SharedFolder, AnothersLinkIsFollowedWhereOnlyTheOwnerWrites) {
+    const std::string planted = Plant("a.ini", kOther);
+    ASSERT_EQ(chmod(folder_.Path().c_str(), 0755), 0);
+    files_.Replace(planted, "new");
+    EXPECT_EQ(ReadBytes(elsewhere_ / "victim"), "new");
+    ASSERT_EQ(chmod(folder_.Path().c_str(), 0775), 0);
+    EXPECT_EQ(NumbersOf(planted), kAll75);
+}
+
+TEST_F(SharedFolder, ALinkThatComesBetweenFindingAndOpeningIsNotFollowed) {
+    WriteBytes(folder_ / "a.ini", "old");
+    for (const bool isRead : {true, false}) {
+        ScriptedCalls script;
+        script.BeforeFirst("open", [&] {
+            fs::remove(folder_ / "a.ini");
+            Plant("a.ini", kOther);
+        });
+        PosixFiles files(std::chrono::seconds(1), ScriptedCalls::Calls());
+        const int number = NumberRaisedBy([&] {
+            if (isRead) {
+                files.ReadAll(folder_ / "a.ini");
+            } else {
+                files.Append(folder_ / "a.ini", "new");
+            }
+        });
+        EXPECT_EQ(number, 75) << isRead;
+        fs::remove(folder_ / "a.ini");
+        WriteBytes(folder_ / "a.ini", "old");
+    }
+    EXPECT_EQ(ReadBytes(elsewhere_ / "victim"), "precious");
 }
 
 TEST_F(FilesTest, AppendReportsWhatWasNotWritten) {
