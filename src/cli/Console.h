@@ -11,7 +11,8 @@
 namespace ventlock {
 
 /// Where a command's answer goes: lines for people, or one JSON document. Data goes to `out`, all else to
-/// `err`.
+/// `err`. In lines, control characters other than line ends and tabs are written out, "\x1B" for one, so that
+/// no name or path commands the terminal.
 class Console {
  public:
     Console(std::ostream& out, std::ostream& err, bool isTerminal)

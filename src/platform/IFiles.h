@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,6 +12,9 @@ class IFileLock {
  public:
     virtual ~IFileLock() = default;
 };
+
+/// The size up to which a file is read, in bytes; nothing that the programs read comes near it.
+inline constexpr std::size_t kLargestFile = std::size_t{256} * 1024 * 1024;
 
 /// Whole files as bytes. Paths are UTF-8. Every operation raises RunTimeError with the number that the host's
 /// reason stands for: 52 bad name, 53 file and 76 folder missing, 57 device, 61 disk full, 67 too many files,
@@ -26,6 +30,7 @@ class IFiles {
     /// @throws RunTimeError what Replace would raise for a reason that can be seen beforehand.
     virtual void RequireReplaceable(const std::string& path) = 0;
 
+    /// @throws RunTimeError 7 for a file larger than kLargestFile.
     virtual std::string ReadAll(const std::string& path) = 0;
 
     /// Replaces or creates the file in one step: readers and a crash see the old bytes or the new ones. The

@@ -53,6 +53,9 @@ void PosixFiles::RequireReplaceable(const std::string& path) {
 std::string PosixFiles::ReadAll(const std::string& path) {
     struct stat facts {};
     const Descriptor file = Open(calls_, path, O_RDONLY, facts);
+    if (facts.st_size > static_cast<off_t>(kLargestFile)) {
+        throw FileError(ErrorNumber::OutOfMemory, path, EFBIG);
+    }
     std::string bytes;
     bytes.reserve(static_cast<std::size_t>(facts.st_size));
     std::array<char, 65536> buffer{};

@@ -48,6 +48,11 @@ std::string Win32Files::ReadAll(const std::string& path) {
     const NoSystemBoxes quiet;
     DWORD attributes = 0;
     const FileHandle file = Open(path, GENERIC_READ, kShareAll, OPEN_EXISTING, pause_, attributes);
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(file.Get(), &size) == 0) throw FileError(path, GetLastError());
+    if (size.QuadPart > static_cast<LONGLONG>(kLargestFile)) {
+        throw FileError(ErrorNumber::OutOfMemory, path, ERROR_FILE_TOO_LARGE);
+    }
     std::string bytes;
     std::vector<char> buffer(kBufferSize);
     for (;;) {

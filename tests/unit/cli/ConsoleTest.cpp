@@ -33,6 +33,18 @@ TEST_F(ConsoleOf, QuietLeavesOutNewsButNeitherDataNorProblems) {
     EXPECT_EQ(err_.str(), "problem\n");
 }
 
+TEST_F(ConsoleOf, LinesCommandNoTerminal) {
+    elsewhere_.WriteLine(
+        "[\x1B[2J] \a\b\x7F \xC2\x9B"
+        "31m caf\xC3\xA9\tend");
+    elsewhere_.WriteLine("a diff\r\nof lines\r");
+    elsewhere_.WriteProblem("over\rwritten");
+    EXPECT_EQ(out_.str(),
+              "[\\x1B[2J] \\x07\\x08\\x7F \\x9B"
+              "31m caf\xC3\xA9\tend\na diff\r\nof lines\r\n");
+    EXPECT_EQ(err_.str(), "over\\x0Dwritten\n");
+}
+
 TEST_F(ConsoleOf, JsonWritesNothingButTheDocument) {
     elsewhere_.isJson = true;
     elsewhere_.document["command"] = "check";

@@ -225,6 +225,13 @@ TEST_F(FilesTest, AppendFollowsLinks) {
     EXPECT_TRUE(fs::is_symlink(folder_ / "link.log"));
 }
 
+TEST_F(FilesTest, AFileTooLargeForAnyUseIsNotRead) {
+    WriteBytes(folder_ / "a.ini", "");
+    fs::resize_file(folder_ / "a.ini", kLargestFile + 1);  // takes no room on the disk
+    EXPECT_EQ(TextRaisedBy([&] { files_.ReadAll(folder_ / "a.ini"); }),
+              "Out of memory \"" + folder_ / "a.ini" + "\": File too large");
+}
+
 /// A folder that everybody may write to, with a file beside it that a link of another user leads to.
 class SharedFolder : public FilesTest {
  protected:

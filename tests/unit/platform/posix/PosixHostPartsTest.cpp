@@ -187,6 +187,10 @@ TEST(PosixProcess, AProgramThatCannotBeStartedIsFalse) {
     EXPECT_FALSE(process.Start(folder / "nonsense"));
     EXPECT_FALSE(process.Start("true"));  // no search in PATH
     EXPECT_FALSE(process.Start("/bin/true -x"));
+    for (const std::string start : {"/bin/true; ", "$(", "`", "| ", "&& "}) {
+        EXPECT_FALSE(process.Start(start + "touch " + folder / "shell"));  // no shell
+    }
+    EXPECT_FALSE(fs::exists(folder / "shell"));
     EXPECT_FALSE(process.Start(std::string("/bin/true\0", 10)));
 }
 

@@ -151,6 +151,12 @@ TEST_F(Win32FilesTest, AReadOnlyFileIs75ForEveryWriterAndStaysAsItWas) {
     EXPECT_EQ(folder_.Listing(), "a.ini");
 }
 
+TEST_F(Win32FilesTest, AFileTooLargeForAnyUseIsNotRead) {
+    WriteBytes(folder_ / "a.ini", "");
+    fs::resize_file(folder_ / "a.ini", kLargestFile + 1);
+    EXPECT_EQ(NumberRaisedBy([&] { files_.ReadAll(folder_ / "a.ini"); }), 7);
+}
+
 TEST_F(Win32FilesTest, TheCircumstanceNamesThePathAsGivenAndTheSystemsReason) {
     EXPECT_EQ(TextRaisedBy([&] { files_.ReadAll(folder_ / "no/a.ini"); }),
               "Path not found \"" + folder_ / "no/a.ini" + "\": " + SystemWords(ERROR_PATH_NOT_FOUND));
