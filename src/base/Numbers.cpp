@@ -1,5 +1,6 @@
 #include "base/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -25,6 +26,19 @@ struct LeadingNumber {
     std::size_t length = 0;  ///< characters of the number, 0 when the text begins with none
 };
 
+LeadingNumber ReadLeadingNumber(std::string_view text);
+
+/// The power of ten that an unsigned number other than zero begins below: 3 for 123 and 1.23e2, -2 for
+/// 0.00123.
+double DecimalOrder(std::string_view number) {
+    const std::size_t mantissaEnd = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view mantissa = number.substr(0, mantissaEnd);
+    const std::string_view exponent = number.substr(std::min(mantissaEnd + 1, number.size()));
+    const auto point = static_cast<double>(std::min(mantissa.find('.'), mantissa.size()));
+    const auto first = static_cast<double>(mantissa.find_first_of("123456789"));
+    return point - first + (first > point ? 1 : 0) + ReadLeadingNumber(exponent).value;
+}
+
 // The grammar stands here in full because from_chars also takes "inf" and "nan" and refuses a plus sign.
 LeadingNumber ReadLeadingNumber(std::string_view text) {
     const bool hasSign = !text.empty() && (text[0] == '-' || text[0] == '+');
@@ -46,11 +60,9 @@ LeadingNumber ReadLeadingNumber(std::string_view text) {
     double value = 0;
     const auto result = std::from_chars(text.data() + begin, text.data() + end, value);
     if (result.ec == std::errc::result_out_of_range) {
-        // An exponent too small is nothing, one too large is beyond every range check.
-        const std::string_view number = text.substr(begin, end - begin);
-        const std::size_t e = number.find_first_of("eE");
-        const bool tiny = e != std::string_view::npos && e + 1 < number.size() && number[e + 1] == '-';
-        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+        // Too small is nothing, too large is beyond every range check.
+        const bool isLarge = DecimalOrder(text.substr(begin, end - begin)) > 0;
+        value = isLarge ? std::numeric_limits<double>::infinity() : 0;
     }
     if (text[0] == '-') value = -value;
     return {value, end};

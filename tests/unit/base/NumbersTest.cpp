@@ -67,6 +67,19 @@ TEST(NumericValue, OfAnExponentBeyondTheRangeIsInfiniteOrNothing) {
     EXPECT_EQ(NumericValue("1e-999"), 0);
 }
 
+TEST(NumericValue, OfDigitsBeyondTheRangeIsInfiniteOrNothingWhateverTheSignOfTheExponent) {
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    const std::string zeros(400, '0');
+    EXPECT_EQ(NumericValue("0." + zeros + "1"), 0);
+    EXPECT_EQ(NumericValue("0." + zeros + "1e10"), 0);
+    EXPECT_EQ(NumericValue("0." + zeros + "1e401"), 1);
+    EXPECT_EQ(NumericValue("1" + zeros), kInfinite);
+    EXPECT_EQ(NumericValue("-1" + zeros + ".5e-10"), -kInfinite);
+    EXPECT_EQ(NumericValue("1" + zeros + "e-400"), 1);
+    EXPECT_EQ(NumericValue("1e" + std::string(400, '9')), kInfinite);
+    EXPECT_EQ(NumericValue("1e-" + std::string(400, '9')), 0);
+}
+
 TEST(NumericValue, ToSixteenBitsRoundsHalfToEven) {
     EXPECT_EQ(ToInteger(NumericValue("0.5")), 0);
     EXPECT_EQ(ToInteger(NumericValue("1.5")), 2);
