@@ -8,6 +8,7 @@ endif()
 # One place for the flags that every target of the project is built with.
 
 option(VENTLOCK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
+option(VENTLOCK_FUZZ "Build the fuzz targets for clang's fuzzer, and nothing but what they need" OFF)
 
 add_library(ventlock_flags INTERFACE)
 target_include_directories(ventlock_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -26,6 +27,10 @@ if(VENTLOCK_SANITIZE)
     target_compile_options(ventlock_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(ventlock_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(VENTLOCK_FUZZ)
+    # What the fuzzer is guided by: which branches an input takes. Its own main comes with the targets in tests/fuzz.
+    target_compile_options(ventlock_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # ventlock_library(<folder> SOURCES <file>... [USES <library>...])
