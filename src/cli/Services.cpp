@@ -74,7 +74,7 @@ void Services::Connect(std::unique_ptr<clsTavDB>& tavDB, std::int16_t& schemaVer
 }
 
 std::string Services::DataSourceText() const {
-    return "data source \"" + odbc::MaskPasswords(settings_->DSN) + "\"";
+    return "data source \"" + odbc::MaskPasswords(settings_->DSN, odbc::PasswordsOf(settings_->DSN)) + "\"";
 }
 
 std::vector<std::string> Services::TakeDetails() {

@@ -10,7 +10,8 @@ namespace ventlock::odbc {
 namespace {
 
 constexpr std::string_view kMask = "***";
-constexpr std::size_t kShortestSecret = 4;  // shorter ones stand in many a word
+constexpr std::string_view kClosingSigns = "}\"'";  // of values; doubled within them
+constexpr std::size_t kShortestSecret = 4;          // shorter ones stand in many a word
 
 char LowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -65,6 +66,34 @@ std::string ReplaceAll(std::string text, std::string_view what, std::string_view
     return text;
 }
 
+/// Masks what stands behind a password's key.
+std::string MaskByKey(std::string_view text) {
+    std::string masked;
+    std::size_t at = 0;
+    while (at < text.size()) {
+        if (!IsWordCharacter(text[at])) {
+            masked += text[at++];
+            continue;
+        }
+        const auto wordEnd =
+            std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), IsWordCharacter);
+        const auto end = static_cast<std::size_t>(std::distance(text.begin(), wordEnd));
+        const std::string_view word = text.substr(at, end - at);
+        const std::size_t equals = SkipBlanks(text, end);
+        if (!IsPasswordKey(word) || equals >= text.size() || text[equals] != '=') {
+            masked += word;
+            at = end;
+            continue;
+        }
+        std::string value;
+        const std::size_t behind = ReadValue(text, equals + 1, value);
+        masked += text.substr(at, equals + 1 - at);
+        if (behind > equals + 1) masked += kMask;
+        at = behind;
+    }
+    return masked;
+}
+
 }  // namespace
 
 std::vector<ConnectAttribute> ParseConnectString(std::string_view connect) {
@@ -96,39 +125,25 @@ bool NamesEmptyDataSource(std::string_view connect) {
 std::vector<std::string> PasswordsOf(std::string_view connect) {
     std::vector<std::string> passwords;
     for (const ConnectAttribute& attribute : ParseConnectString(connect)) {
-        if (IsPasswordKey(attribute.key) && attribute.value.size() >= kShortestSecret) {
-            passwords.push_back(attribute.value);
+        const std::string& password = attribute.value;
+        if (!IsPasswordKey(attribute.key) || password.size() < kShortestSecret) continue;
+        passwords.push_back(password);
+        for (const char close : kClosingSigns) {
+            if (password.find(close) == std::string::npos) continue;
+            passwords.push_back(ReplaceAll(password, std::string(1, close), std::string(2, close)));
         }
     }
+    // A password that is part of another one would leave the rest of that one.
+    std::stable_sort(passwords.begin(), passwords.end(),
+                     [](const std::string& a, const std::string& b) { return a.size() > b.size(); });
     return passwords;
 }
 
 std::string MaskPasswords(std::string_view text, const std::vector<std::string>& passwords) {
-    std::string masked;
-    std::size_t at = 0;
-    while (at < text.size()) {
-        if (!IsWordCharacter(text[at])) {
-            masked += text[at++];
-            continue;
-        }
-        const auto wordEnd =
-            std::find_if_not(text.begin() + static_cast<std::ptrdiff_t>(at), text.end(), IsWordCharacter);
-        const auto end = static_cast<std::size_t>(std::distance(text.begin(), wordEnd));
-        const std::string_view word = text.substr(at, end - at);
-        const std::size_t equals = SkipBlanks(text, end);
-        if (!IsPasswordKey(word) || equals >= text.size() || text[equals] != '=') {
-            masked += word;
-            at = end;
-            continue;
-        }
-        std::string value;
-        const std::size_t behind = ReadValue(text, equals + 1, value);
-        masked += text.substr(at, equals + 1 - at);
-        if (behind > equals + 1) masked += kMask;
-        at = behind;
-    }
+    // Known ones first: a quote that is left open before one of them would end within it.
+    std::string masked(text);
     for (const std::string& password : passwords) masked = ReplaceAll(std::move(masked), password, kMask);
-    return masked;
+    return MaskByKey(masked);
 }
 
 }  // namespace ventlock::odbc

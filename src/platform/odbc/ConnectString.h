@@ -18,11 +18,12 @@ std::vector<ConnectAttribute> ParseConnectString(std::string_view connect);
 /// True when the connect string names a data source and the name is empty or blank.
 bool NamesEmptyDataSource(std::string_view connect);
 
-/// Passwords of a connect string, those of four characters and more.
+/// Passwords of a connect string, those of four characters and more, longest first: as they are, and as they
+/// stand in braces or quotes when that differs.
 std::vector<std::string> PasswordsOf(std::string_view connect);
 
 /// The text without passwords: what stands behind "PWD=" or "Password=" (any case, in braces, in quotes or up
-/// to the next ";") is "***", and so is each of `passwords` wherever it stands.
+/// to the next ";") is "***", and so is each of `passwords`, longest first, wherever it stands.
 std::string MaskPasswords(std::string_view text, const std::vector<std::string>& passwords = {});
 
 }  // namespace ventlock::odbc

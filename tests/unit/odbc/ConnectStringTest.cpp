@@ -62,9 +62,24 @@ TEST(PasswordMask, HidesPasswordsWithinADriversText) {
 TEST(PasswordMask, HidesAKnownPasswordWhereverItStands) {
     const std::vector<std::string> passwords =
         PasswordsOf("UID=sa;PWD=hunter2;Password={a;b}}c};PWD=abc;X=long enough");
-    EXPECT_EQ(passwords, (std::vector<std::string>{"hunter2", "a;b}c"}));
+    EXPECT_EQ(passwords, (std::vector<std::string>{"hunter2", "a;b}}c", "a;b}c"}));
     EXPECT_EQ(MaskPasswords("login with hunter2 failed, hunter2 (a;b}c)", passwords),
               "login with *** failed, *** (***)");
+}
+
+TEST(PasswordMask, HidesAKnownPasswordWhereTheTextBeforeItLeavesAQuoteOpen) {
+    const auto masked = [](const std::string& before, const std::string& connect) {
+        return MaskPasswords(before + connect, PasswordsOf(connect));
+    };
+    EXPECT_EQ(masked("[x]PWD=\" ", "Pwd={hun\"ter2};DSN=PYX"), "[x]PWD=***");
+    EXPECT_EQ(masked("", "X={PWD='};PWD={it's};DSN=PYX"), "X={PWD=***");
+    EXPECT_EQ(masked("[x]PWD={", "PWD='a''b}c';Y=1"), "[x]PWD=***");
+}
+
+TEST(PasswordMask, HidesAPasswordThatAnotherOneBeginsWith) {
+    const std::vector<std::string> passwords = PasswordsOf("PWD=hunter;Password=hunter2");
+    EXPECT_EQ(passwords, (std::vector<std::string>{"hunter2", "hunter"}));
+    EXPECT_EQ(MaskPasswords("hunter2, hunter", passwords), "***, ***");
 }
 
 }  // namespace
