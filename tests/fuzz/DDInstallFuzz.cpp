@@ -103,7 +103,8 @@ int FirstSection(int count, const std::string& prefix, Wanted isWanted) {
 
 bool IsSame(const ProfileFile& file, const std::string& section, std::string_view key, const std::string& id,
             std::size_t width) {
-    std::string stored = file.Read(section, key).value_or("").substr(0, width);
+    // A section that is missing counts as one of zeros.
+    std::string stored = file.Read(section, key).value_or(std::string(width, '0')).substr(0, width);
     std::string wanted = id;
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
     std::transform(stored.begin(), stored.end(), stored.begin(), lower);

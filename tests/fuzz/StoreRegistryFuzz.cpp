@@ -43,8 +43,10 @@ void TryStore(Fields& fields) {
     const std::string otherName = fields.Next();
     MemoryFiles files;
     files.Replace(kStore, fields.Rest());
-    // A store with this mark may be no text at all, or take texts that the registry counts as none.
-    const bool isUtf16 = fields.Rest().starts_with(kUtf16Mark);
+    // A store with this mark may end within a character.
+    std::string_view text = fields.Rest();
+    if (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
+    const bool isUtf16 = text.starts_with(kUtf16Mark);
 
     StoreFileRegistry registry(files, kStore);
     const Value other = Read(registry, path, otherName);
