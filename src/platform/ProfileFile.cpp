@@ -184,6 +184,11 @@ void ProfileFile::RequireWritable(std::string_view value) const {
 void ProfileFile::RequireWritableSection(std::string_view section) const {
     RequireWritable(section);
     if (section.find(']') != std::string_view::npos) Refuse(section, "is no section name: it holds a \"]\"");
+    // In a double-byte page a last byte that is no character alone would make one with the bracket behind it.
+    if (SectionName("[" + Encode(section).value_or("") + "]") != TrimBlanks(section)) {
+        Refuse(section,
+               "is no section name: code page " + std::to_string(codePage_.Number()) + " reads it otherwise");
+    }
 }
 
 void ProfileFile::Write(std::string_view section, std::string_view key, std::string_view value) {

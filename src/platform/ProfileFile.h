@@ -48,7 +48,8 @@ class ProfileFile {
     void AddSection(std::string_view section);
 
     /// Refuses what cannot stand in this file: a character that its code page lacks, a CR, LF or NUL, in a
-    /// section name a "]". @throws RunTimeError 75 with the text in the detail.
+    /// section name a "]" and an end that its header would read otherwise. @throws RunTimeError 75 with the
+    /// text in the detail.
     void RequireWritable(std::string_view value) const;
     void RequireWritableSection(std::string_view section) const;
 

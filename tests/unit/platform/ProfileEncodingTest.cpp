@@ -147,6 +147,15 @@ TEST_F(ProfileJapanese, ASecondByteOfABracketEndsNoSectionName) {
               "b]\r\nx=1\r\ny=3\r\n[\x83\x5B\x83\x5C\x83\x5D]\r\nx=4\r\n");
 }
 
+TEST_F(ProfileJapanese, ASectionNameThatWouldTakeTheClosingBracketIntoItsLastCharacterIsRefused) {
+    ProfileFile file = File("[A]\r\n");
+    EXPECT_EQ(DescriptionRaisedBy([&] { file.Write("\u0095", "x", "1"); }),
+              "Path/File access error \"\u0095\" is no section name: code page 932 reads it otherwise");
+    EXPECT_EQ(file.Bytes(), "[A]\r\n");
+    file.Write("A", "\u0095", "\u0095");
+    EXPECT_EQ(File(file.Bytes()).Read("A", "\u0095"), "\u0095");
+}
+
 TEST_F(ProfileJapanese, ANewSectionOfSuchCharactersIsFoundAgain) {
     ProfileFile file = File("");
     file.Write("ゾ", "ゼ", "ソ");
