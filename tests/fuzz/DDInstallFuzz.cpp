@@ -10,9 +10,9 @@
 #include "files/clsDDInstall.h"
 #include "fuzz/Fields.h"
 #include "fuzz/MemoryFiles.h"
+#include "fuzz/PlainProfile.h"
 #include "fuzz/Require.h"
 #include "platform/IEvents.h"
-#include "platform/ProfileLines.h"
 
 namespace ventlock::test {
 namespace {
@@ -121,7 +121,7 @@ void RequireFound(World& world) {
                      [&](const auto& section) { return IsSame(file, section, "ID", id, 6); });
     Require(manufacturer > 0, "a written manufacturer is found by its count", world.Bytes());
     const std::string section = "Mfg" + std::to_string(manufacturer);
-    RequireSame(file.Read(section, "Name").value_or(""), ProfileValue(world.manufacturer.Name),
+    RequireSame(file.Read(section, "Name").value_or(""), AsRead(world.manufacturer.Name),
                 "what is written reads back");
     const int device = FirstSection(Count(file, section, "NumOfDev"), id + ".", [&](const auto& name) {
         return IsSame(file, name, "DevType", PaddedDeviceType(world.device.DevID), 4) &&
@@ -130,7 +130,7 @@ void RequireFound(World& world) {
     Require(device > 0, "a written device is found by its count", world.Bytes());
     const std::string name = id + "." + std::to_string(device);
     const auto requireRead = [&](std::string_view key, const std::string& value) {
-        RequireSame(file.Read(name, key).value_or("\x1F absent"), ProfileValue(value),
+        RequireSame(file.Read(name, key).value_or("\x1F absent"), AsRead(value),
                     "what is written reads back");
     };
     requireRead("DevTypeDesc", world.device.DevName);

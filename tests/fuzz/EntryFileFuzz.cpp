@@ -12,8 +12,8 @@
 #include "entry/EntryToForm.h"
 #include "entry/GatherEntry.h"
 #include "fuzz/Fields.h"
-#include "fuzz/Lines.h"
 #include "fuzz/MemoryFiles.h"
+#include "fuzz/PlainProfile.h"
 #include "fuzz/Require.h"
 #include "platform/IEvents.h"
 

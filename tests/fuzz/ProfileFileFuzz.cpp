@@ -10,7 +10,7 @@
 #include "base/RunTimeError.h"
 #include "base/Utf.h"
 #include "fuzz/Fields.h"
-#include "fuzz/Lines.h"
+#include "fuzz/PlainProfile.h"
 #include "fuzz/Require.h"
 #include "platform/Casing.h"
 #include "platform/ProfileFile.h"
@@ -168,7 +168,7 @@ void TryEdit(std::string& bytes, ProfileFile& together, const Edit& edit, CodePa
     RequireOtherKeysKept(before, again, edit);
     const std::optional<std::string> read = again.Read(edit.section, edit.key);
     Require(read.has_value(), "what is written is found", after);
-    RequireSame(*read, ProfileValue(edit.value), "what is written reads back");
+    RequireSame(*read, AsRead(edit.value), "what is written reads back");
     RequireCutWithinCharacters(again, edit, *read);
     Require(Write(again, edit), "an edit can be made twice", after);
     RequireSame(again.Bytes(), after, "an edit made twice changes nothing");

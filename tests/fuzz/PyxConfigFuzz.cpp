@@ -6,8 +6,8 @@
 #include "files/EntryNames.h"
 #include "files/clsPyxConfig.h"
 #include "fuzz/Fields.h"
-#include "fuzz/Lines.h"
 #include "fuzz/MemoryFiles.h"
+#include "fuzz/PlainProfile.h"
 #include "fuzz/Require.h"
 #include "platform/IEvents.h"
 #include "platform/ProfileLines.h"
@@ -74,8 +74,7 @@ void RequireComment(const std::string& before, const std::string& after) {
 
 void RequireRead(const ProfileFile& file, const std::string& section, std::string_view key,
                  const std::string& value) {
-    RequireSame(file.Read(section, key).value_or("\x1F absent"), ProfileValue(value),
-                "what is written reads back");
+    RequireSame(file.Read(section, key).value_or("\x1F absent"), AsRead(value), "what is written reads back");
 }
 
 void TryEntry(World& world) {

@@ -1,4 +1,4 @@
-#include "fuzz/Lines.h"
+#include "fuzz/PlainProfile.h"
 
 #include <algorithm>
 
@@ -13,6 +13,17 @@ std::vector<Line> LinesOf(std::string_view text) {
         text.remove_prefix(std::min(length + end, text.size()));
     }
     return lines;
+}
+
+std::string AsRead(std::string value) {
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\v'; };
+    while (!value.empty() && isBlank(value.front())) value.erase(value.begin());
+    while (!value.empty() && isBlank(value.back())) value.pop_back();
+    for (const char quote : {'"', '\''}) {
+        if (value.size() < 2 || value.front() != quote || value.back() != quote) continue;
+        return value.substr(1, value.size() - 2);
+    }
+    return value;
 }
 
 }  // namespace ventlock::test
