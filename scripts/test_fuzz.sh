@@ -13,7 +13,7 @@ shift || true
 [[ $seconds =~ ^[1-9][0-9]*$ ]] || { echo "usage: $0 [seconds [target...]]" >&2; exit 2; }
 seed=${SEED:-$((RANDOM * 32768 + RANDOM + 1))}
 
-need_packages cmake ninja-build unixodbc-dev clang
+need_packages cmake ninja-build unixodbc-dev clang libclang-rt-dev llvm
 
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
@@ -27,6 +27,7 @@ fi
 fuzz() {
     local program=build/fuzz/tests/fuzz/fuzz_$1 words=tests/fuzz/dictionaries/$1.dict options=()
     [ ! -f "$words" ] || options=(-dict="$words")
+    rm -rf "build/fuzz/findings/$1"
     mkdir -p "build/fuzz/corpus/$1" "build/fuzz/findings/$1"
     # The time limit stands behind the fuzzer's own, which a target that hangs within one input would not reach.
     timeout $((seconds + 60)) "$program" "${options[@]}" -seed="$seed" -max_total_time="$seconds" -max_len=4096 \
@@ -36,8 +37,7 @@ fuzz() {
 export -f fuzz
 export seconds seed
 
-rm -rf build/fuzz/findings
-mkdir -p build/fuzz/logs build/fuzz/findings
+mkdir -p build/fuzz/logs
 echo "Fuzzing ${#targets[@]} targets for $seconds s each, seed $seed"
 failed=0
 printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -I{} bash -c 'fuzz {}' || failed=1
