@@ -45,6 +45,8 @@ void TryAnyText(const std::string& text) {
     for (const std::string& password : passwords) {
         if (!CanBeMasked(password)) continue;
         Require(masked.find(password) == std::string::npos, "a password is masked wherever it stands", text);
+        RequireSame(odbc::MaskPasswords(password, passwords), "***",
+                    "a password that stands alone is masked whole");
     }
     odbc::NamesEmptyDataSource(text);
 }
