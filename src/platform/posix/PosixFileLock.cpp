@@ -34,11 +34,16 @@ Descriptor PosixFileLock::Acquire(std::chrono::milliseconds patience, const Paus
     const auto end = std::chrono::steady_clock::now() + patience;
     for (;;) {
         Descriptor file = Open();
-        const bool isLocked =
-            Uninterrupted([&] { return calls_.flock(file.Number(), LOCK_EX | LOCK_NB); }) == 0;
-        if (!isLocked && errno != EWOULDBLOCK) throw FileError(given_, errno);
-        // Its holder may have taken it away between our open and our lock: then it guards nothing any more.
-        if (isLocked && StillNames(file)) return file;
+        bool isLocked = false;
+        try {
+            isLocked = IsLocked(file);
+            // Its holder may have taken it away between our open and our lock: then it guards nothing any
+            // more.
+            if (isLocked && StillNames(file)) return file;
+        } catch (const RunTimeError&) {
+            TakeAwayUnheld(file);
+            throw;
+        }
         if (std::chrono::steady_clock::now() >= end) throw FileError(given_, EWOULDBLOCK);
         if (!isLocked) pause(kPause);
     }
@@ -66,6 +71,20 @@ int PosixFileLock::OpenExisting() const {
     const int number = Uninterrupted([&] { return calls_.open(path_.c_str(), kHowToOpen | O_RDWR, 0); });
     if (number >= 0 || errno != EACCES) return number;
     return Uninterrupted([&] { return calls_.open(path_.c_str(), kHowToOpen | O_RDONLY, 0); });
+}
+
+bool PosixFileLock::IsLocked(const Descriptor& file) const {
+    if (Uninterrupted([&] { return calls_.flock(file.Number(), LOCK_EX | LOCK_NB); }) == 0) return true;
+    if (errno != EWOULDBLOCK) throw FileError(given_, errno);
+    return false;
+}
+
+void PosixFileLock::TakeAwayUnheld(const Descriptor& file) const {
+    try {
+        if (IsLocked(file) && StillNames(file)) calls_.unlink(path_.c_str());
+    } catch (const RunTimeError&) {
+        return;  // it may be another's; left where it is it holds nobody up
+    }
 }
 
 bool PosixFileLock::StillNames(const Descriptor& file) const {

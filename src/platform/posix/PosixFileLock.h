@@ -25,7 +25,10 @@ class PosixFileLock final : public IFileLock {
     [[nodiscard]] Descriptor Acquire(std::chrono::milliseconds patience, const Pause& pause) const;
     [[nodiscard]] Descriptor Open() const;
     [[nodiscard]] int OpenExisting() const;
+    [[nodiscard]] bool IsLocked(const Descriptor& file) const;
     [[nodiscard]] bool StillNames(const Descriptor& file) const;
+    /// After a failure: whatever another holds must stay.
+    void TakeAwayUnheld(const Descriptor& file) const;
 
     const FileCalls& calls_;
     std::string given_;

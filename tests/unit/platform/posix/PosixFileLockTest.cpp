@@ -12,8 +12,8 @@
 #include "platform/posix/PosixFiles.h"
 #include "support/Raised.h"
 #include "support/TempFolder.h"
+#include "support/posix/ScriptedCalls.h"
 #include "unit/platform/posix/Children.h"
-#include "unit/platform/posix/ScriptedCalls.h"
 
 namespace ventlock::test {
 namespace {
@@ -164,14 +164,23 @@ TEST_F(FileLockTest, IsNoLinkNoFolderAndNoPipe) {
     EXPECT_EQ(folder_.Listing(), ".a.ini.lock .b.ini.lock .c.ini.lock victim");
 }
 
-TEST_F(FileLockTest, EveryCallThatFailsIsReported) {
+TEST_F(FileLockTest, EveryCallThatFailsIsReportedAndLeavesNoLockBehind) {
     for (const char* const call : {"lstat", "open", "flock", "fstat"}) {
         ScriptedCalls script;
         script.FailFirst(call, EIO);
         PosixFiles files(milliseconds(30), ScriptedCalls::Calls());
         EXPECT_EQ(NumberRaisedBy([&] { files.Lock(folder_ / "a.ini"); }), 57) << call;
-        fs::remove(folder_ / ".a.ini.lock");
+        EXPECT_EQ(folder_.Listing(), "") << call;
     }
+}
+
+TEST_F(FileLockTest, ThatAnotherHoldsStaysAfterAFailure) {
+    const auto lock = patient_.Lock(folder_ / "a.ini");
+    ScriptedCalls script;
+    script.FailFirst("flock", EIO);
+    PosixFiles files(milliseconds(30), ScriptedCalls::Calls());
+    EXPECT_EQ(NumberRaisedBy([&] { files.Lock(folder_ / "a.ini"); }), 57);
+    EXPECT_EQ(folder_.Listing(), ".a.ini.lock");
 }
 
 }  // namespace

@@ -13,8 +13,8 @@
 #include "platform/posix/PosixFiles.h"
 #include "support/Raised.h"
 #include "support/TempFolder.h"
+#include "support/posix/ScriptedCalls.h"
 #include "unit/platform/posix/ProcessState.h"
-#include "unit/platform/posix/ScriptedCalls.h"
 
 namespace ventlock::test {
 namespace {

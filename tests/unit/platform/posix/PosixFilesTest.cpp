@@ -13,9 +13,9 @@
 
 #include "support/Raised.h"
 #include "support/TempFolder.h"
+#include "support/posix/ScriptedCalls.h"
 #include "unit/platform/posix/Children.h"
 #include "unit/platform/posix/ProcessState.h"
-#include "unit/platform/posix/ScriptedCalls.h"
 
 namespace ventlock::test {
 namespace {

@@ -1,4 +1,4 @@
-#include "unit/platform/posix/ScriptedCalls.h"
+#include "support/posix/ScriptedCalls.h"
 
 #include <gtest/gtest.h>
 
@@ -87,7 +87,7 @@ FileCalls ScriptedCalls::Calls() {
         return Interruptible("write", [&] { return Real().write(descriptor, buffer, std::min(size, most)); });
     };
     calls.fsync = [](int descriptor) {
-        return Interruptible("fsync", [&] { return Real().fsync(descriptor); });
+        return Interruptible("fsync", [&] { return current->Flushes() ? Real().fsync(descriptor) : 0; });
     };
     calls.fstat = [](int descriptor, struct stat* facts) {
         return Scripted("fstat", [&] { return Real().fstat(descriptor, facts); });
@@ -115,7 +115,7 @@ FileCalls ScriptedCalls::Calls() {
     };
     calls.unlink = [](const char* path) { return Scripted("unlink", [&] { return Real().unlink(path); }); };
     calls.flock = [](int descriptor, int operation) {
-        return Scripted("flock", [&] { return Real().flock(descriptor, operation); });
+        return Interruptible("flock", [&] { return Real().flock(descriptor, operation); });
     };
     return calls;
 }

@@ -27,9 +27,12 @@ class ScriptedCalls {
     /// The first call of `name` fails with `error`.
     void FailFirst(const std::string& name, int error);
 
-    /// From now on a write stores one byte at a time and every other call of read, write, fsync and open is
-    /// interrupted by a signal first.
+    /// From now on a write stores one byte at a time and every other call of read, write, fsync, flock and
+    /// open is interrupted by a signal first.
     void Stutter() { stutters_ = true; }
+
+    /// From now on nothing is brought to the disk, which is slow and shows only when the power is cut.
+    void SkipFlushes() { flushes_ = false; }
 
     /// Runs before a call of `name` that succeeds is passed on, once.
     void BeforeFirst(const std::string& name, std::function<void()> action);
@@ -45,6 +48,7 @@ class ScriptedCalls {
     void NoteOpen(const char* path, int flags) { opened_.emplace_back(path, flags); }
     [[nodiscard]] bool Interrupts();
     [[nodiscard]] bool Stutters() const { return stutters_; }
+    [[nodiscard]] bool Flushes() const { return flushes_; }
 
  private:
     std::vector<std::string> made_;
@@ -54,6 +58,7 @@ class ScriptedCalls {
     int error_ = 0;
     bool stutters_ = false;
     bool interrupted_ = false;
+    bool flushes_ = true;
     std::string actionName_;
     std::function<void()> action_;
 };
