@@ -175,7 +175,10 @@ std::optional<std::string> clsSettings::QueryValue(IRegistryKey& key, std::strin
 
 RegistryStatus clsSettings::SetValue(std::string_view section, std::string_view name, std::uint32_t type,
                                      std::string_view bytes) {
-    if (!KeyExists(section) && !CreateKey(section)) return kRegistryAccessDenied;
+    if (!KeyExists(section)) {
+        const RegistryStatus created = CreateKey(section);
+        if (created != kRegistrySuccess) return created;
+    }
     std::unique_ptr<IRegistryKey> key;
     const RegistryStatus opened =
         registry_.OpenKey(RegistryRoot::LocalMachine, root_ + std::string(section), kKeyAllAccess32, key);
@@ -188,10 +191,9 @@ bool clsSettings::KeyExists(std::string_view section) {
                              key) == kRegistrySuccess;
 }
 
-bool clsSettings::CreateKey(std::string_view section) {
+RegistryStatus clsSettings::CreateKey(std::string_view section) {
     std::unique_ptr<IRegistryKey> key;
-    return registry_.CreateKey(RegistryRoot::LocalMachine, root_ + std::string(section), key) ==
-           kRegistrySuccess;
+    return registry_.CreateKey(RegistryRoot::LocalMachine, root_ + std::string(section), key);
 }
 
 }  // namespace ventlock

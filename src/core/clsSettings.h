@@ -96,7 +96,7 @@ class clsSettings final : public AppObject {
     RegistryStatus SetValue(std::string_view section, std::string_view name, std::uint32_t type,
                             std::string_view bytes);
     bool KeyExists(std::string_view section);
-    bool CreateKey(std::string_view section);
+    RegistryStatus CreateKey(std::string_view section);
     void Load(const SettingRow& row);
     void ReplaceMissingDatabase();
     void LoadLanguage();

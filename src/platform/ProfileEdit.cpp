@@ -15,6 +15,17 @@ ProfileFile FileOrNone(IFiles& files, const std::string& path, CodePage codePage
     }
 }
 
+/// Nothing only for a file that is certainly missing: one that is taken for missing would be replaced by an
+/// empty one.
+std::optional<std::string> BytesIfThere(IFiles& files, const std::string& path) {
+    try {
+        return files.ReadAll(path);
+    } catch (const RunTimeError& error) {
+        if (error.Number() != ErrorNumber::FileNotFound) throw;
+        return std::nullopt;
+    }
+}
+
 }  // namespace
 
 std::string ProfileStore::Read(const std::string& path, std::string_view section, std::string_view key,
@@ -33,13 +44,12 @@ ProfileEdit::ProfileEdit(const ProfileStore& store, std::string path)
     : files_(&store.Files()),
       path_(std::move(path)),
       lock_(files_->Lock(path_)),
-      existed_(files_->Exists(path_)),
-      before_(existed_ ? files_->ReadAll(path_) : std::string()),
-      file_(before_, store.Page()) {}
+      found_(BytesIfThere(*files_, path_)),
+      file_(BytesBefore(), store.Page()) {}
 
 void ProfileEdit::Save() {
     const std::string bytes = file_.Bytes();
-    if (existed_ && bytes == before_) return;
+    if (found_ == bytes) return;
     files_->Replace(path_, bytes);
 }
 

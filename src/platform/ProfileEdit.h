@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/CodePage.h"
@@ -44,10 +45,10 @@ class ProfileEdit {
     [[nodiscard]] const std::string& Path() const noexcept { return path_; }
 
     /// True when the file was there when the edit began.
-    [[nodiscard]] bool Existed() const noexcept { return existed_; }
+    [[nodiscard]] bool Existed() const noexcept { return found_.has_value(); }
 
     /// The bytes found when the edit began, "" for a missing file.
-    [[nodiscard]] const std::string& BytesBefore() const noexcept { return before_; }
+    [[nodiscard]] std::string BytesBefore() const { return found_.value_or(""); }
 
     /// Replaces the file with what File() holds now. Bytes that have not changed are not written again.
     /// @throws RunTimeError; the file is then as it was.
@@ -57,8 +58,7 @@ class ProfileEdit {
     IFiles* files_;
     std::string path_;
     std::unique_ptr<IFileLock> lock_;
-    bool existed_;
-    std::string before_;
+    std::optional<std::string> found_;  ///< nothing for a missing file
     ProfileFile file_;
 };
 

@@ -21,11 +21,11 @@ std::string Utf8Of(const fs::path& path) {
     return {utf8.begin(), utf8.end()};
 }
 
-TempFolder::TempFolder() {
+TempFolder::TempFolder(const fs::path& parent) {
     std::random_device random;
     for (int attempt = 0; attempt < 100; ++attempt) {
-        const fs::path candidate = fs::temp_directory_path() /
-                                   ("ventlock-test-" + std::to_string(random()) + std::to_string(random()));
+        const fs::path candidate =
+            parent / ("ventlock-test-" + std::to_string(random()) + std::to_string(random()));
         if (fs::create_directory(candidate)) {
             path_ = Utf8Of(fs::canonical(candidate));
             return;

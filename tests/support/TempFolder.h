@@ -13,7 +13,8 @@ std::string Utf8Of(const std::filesystem::path& path);
 /// A folder of its own for a test, removed with all it holds by its destructor.
 class TempFolder {
  public:
-    TempFolder();
+    /// @param parent  the folder it is made in
+    explicit TempFolder(const std::filesystem::path& parent = std::filesystem::temp_directory_path());
     ~TempFolder();
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;

@@ -31,6 +31,10 @@ RegistryStatus StatusOf(const RunTimeError& error) {
             return kRegistryInUse;
         case ErrorNumber::DiskFull:
             return kRegistryDiskFull;
+        case ErrorNumber::DeviceIoError:
+            return kRegistryDeviceError;
+        case ErrorNumber::TooManyFiles:
+            return kRegistryTooManyFiles;
         default:
             return kRegistryAccessDenied;
     }

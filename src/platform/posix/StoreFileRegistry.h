@@ -11,9 +11,11 @@
 namespace ventlock {
 
 /// Further reasons of this registry.
+inline constexpr RegistryStatus kRegistryTooManyFiles = 4;
 inline constexpr RegistryStatus kRegistryInUse = 33;  ///< another program held the store for too long
 inline constexpr RegistryStatus kRegistryDiskFull = 112;
 inline constexpr RegistryStatus kRegistryInvalidName = 123;  ///< a name that the store file cannot hold
+inline constexpr RegistryStatus kRegistryDeviceError = 1117;
 
 /// The tree of settings in one text file of the user, a profile file in UTF-8: a section is a key, named by
 /// its whole path below HKEY_LOCAL_MACHINE or HKEY_CURRENT_USER, and holds the key's values as StoredText

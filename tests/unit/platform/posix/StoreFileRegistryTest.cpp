@@ -308,9 +308,9 @@ TEST_F(StoreFileRegistryTest, AFailedWriteGivesItsReasonAndLeavesTheStoreWhole) 
         return key->Set("ManName", kRegistryString, "Bolt");
     };
     EXPECT_EQ(statusOf(FileOperation::Replace, ErrorNumber::DiskFull), kRegistryDiskFull);
-    EXPECT_EQ(statusOf(FileOperation::Replace, ErrorNumber::DeviceIoError), kRegistryAccessDenied);
+    EXPECT_EQ(statusOf(FileOperation::Replace, ErrorNumber::DeviceIoError), kRegistryDeviceError);
     EXPECT_EQ(statusOf(FileOperation::Lock, ErrorNumber::PermissionDenied), kRegistryInUse);
-    EXPECT_EQ(statusOf(FileOperation::ReadAll, ErrorNumber::DeviceIoError), kRegistryAccessDenied);
+    EXPECT_EQ(statusOf(FileOperation::ReadAll, ErrorNumber::DeviceIoError), kRegistryDeviceError);
     EXPECT_EQ(ReadBytes(store_), before);
     EXPECT_EQ(folder_.Listing(), "registry.ini");
 }
