@@ -49,7 +49,9 @@ void Console::WriteLine(const std::string& line) {
 }
 
 void Console::WriteNews(const std::string& line) {
-    if (!isQuiet) WriteLine(line);
+    if (isQuiet) return;
+    WriteLine(line);
+    out_.flush();
 }
 
 void Console::WriteProblem(const std::string& line) {

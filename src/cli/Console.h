@@ -27,7 +27,8 @@ class Console {
     /// A line of data. Nothing with isJson; lines of success are left out with isQuiet by WriteNews.
     void WriteLine(const std::string& line);
 
-    /// A line that only says what was done.
+    /// A line that only says what was done. It is on its way when this returns, into a pipe too, so that what
+    /// becomes of the program afterwards takes nothing back.
     void WriteNews(const std::string& line);
 
     /// A line about a problem.

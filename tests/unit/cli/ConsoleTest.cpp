@@ -24,6 +24,27 @@ TEST_F(ConsoleOf, DataGoesToOutAndProblemsToErr) {
     EXPECT_EQ(err_.str(), "problem\n");
 }
 
+/// Counts how often it is asked to pass on what it holds.
+class CountingBuffer final : public std::stringbuf {
+ public:
+    int flushes = 0;
+
+ protected:
+    int sync() override {
+        ++flushes;
+        return std::stringbuf::sync();
+    }
+};
+
+TEST_F(ConsoleOf, NewsArePassedOnAtOnce) {
+    CountingBuffer buffer;
+    std::ostream out(&buffer);
+    Console console(out, err_, false);
+    console.WriteNews("written");
+    EXPECT_EQ(buffer.str(), "written\n");
+    EXPECT_EQ(buffer.flushes, 1);
+}
+
 TEST_F(ConsoleOf, QuietLeavesOutNewsButNeitherDataNorProblems) {
     elsewhere_.isQuiet = true;
     elsewhere_.WriteLine("data");
