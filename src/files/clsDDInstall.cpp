@@ -46,7 +46,7 @@ bool clsDDInstall::WriteDDInstall(clsManufacturer& oManufacturer, clsDevice& oDe
         ProfileFile& file = edit.File();
         RequireWritableEntry(file);
         if (edit.Existed()) {
-            profiles_.Files().Copy(IniPath, IniPath + ".bak");
+            profiles_.Files().Copy(IniPath, IniPath + kBackupEnding);
             step = "01.1";
             bool isNew = false;
             const std::int16_t manufacturer = CheckManufacturer(file, isNew);

@@ -36,7 +36,7 @@ bool clsPyxConfig::Insert(clsManufacturer& oManufacturer, clsDevice& oDevice) {
 bool clsPyxConfig::WriteBack(ProfileEdit& edit) {
     return Guarded(oAppObjects_, "INIwb", false, [&](StepLabel& step) {
         step = "01";
-        profiles_.Files().Replace(edit.Path() + ".bak", edit.File().Bytes());
+        profiles_.Files().Replace(edit.Path() + kBackupEnding, edit.File().Bytes());
         step = "03.1";
         edit.File().SeparateSections();
         return true;

@@ -7,6 +7,9 @@
 
 namespace ventlock {
 
+/// What the name of a file's backup adds to the file's own.
+inline constexpr const char* kBackupEnding = ".bak";
+
 /// Held exclusively, between programs too, from its making to its destruction.
 class IFileLock {
  public:
@@ -46,7 +49,9 @@ class IFiles {
     virtual void Append(const std::string& path, std::string_view bytes) = 0;
 
     /// Waits, within a bound, until nobody else holds the lock of `path` and takes it. The file need not
-    /// exist, its folder must. Names that lead to the same file share one lock.
+    /// exist, its folder must. Names that lead to the same file share one lock. Whoever replaces the file or
+    /// its backup holds it; what a program that was killed meanwhile has left beside them is removed with the
+    /// taking of the lock.
     /// @throws RunTimeError 70 when the bound has passed.
     virtual std::unique_ptr<IFileLock> Lock(const std::string& path) = 0;
 };

@@ -1,5 +1,6 @@
 #include "platform/posix/FileCalls.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -7,6 +8,17 @@
 #include <cstdio>
 
 namespace ventlock {
+
+namespace {
+
+int List(const char* folder, std::vector<std::string>& names) {
+    DIR* const stream = ::opendir(folder);
+    if (stream == nullptr) return -1;
+    while (const dirent* const entry = ::readdir(stream)) names.emplace_back(&entry->d_name[0]);
+    return ::closedir(stream);
+}
+
+}  // namespace
 
 const FileCalls& SystemFileCalls() {
     static const FileCalls kCalls{
@@ -25,6 +37,7 @@ const FileCalls& SystemFileCalls() {
         .rename = std::rename,
         .unlink = ::unlink,
         .flock = ::flock,
+        .list = List,
     };
     return kCalls;
 }

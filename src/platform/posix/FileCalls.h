@@ -4,6 +4,8 @@
 #include <sys/types.h>
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace ventlock {
 
@@ -25,6 +27,7 @@ struct FileCalls {
     int (*rename)(const char* from, const char* to);
     int (*unlink)(const char* path);
     int (*flock)(int descriptor, int operation);
+    int (*list)(const char* folder, std::vector<std::string>& names);  ///< opendir, readdir, closedir
 };
 
 /// The system's own calls.

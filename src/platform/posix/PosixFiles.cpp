@@ -88,7 +88,15 @@ void PosixFiles::Append(const std::string& path, std::string_view bytes) {
 }
 
 std::unique_ptr<IFileLock> PosixFiles::Lock(const std::string& path) {
-    return std::make_unique<PosixFileLock>(calls_, ResolveTarget(calls_, path), lockPatience_, pause_);
+    const FileTarget target = ResolveTarget(calls_, path);
+    auto lock = std::make_unique<PosixFileLock>(calls_, target, lockPatience_, pause_);
+    RemoveLeftOvers(calls_, target);
+    try {
+        RemoveLeftOvers(calls_, ResolveTarget(calls_, path + kBackupEnding));
+    } catch (const RunTimeError&) {
+        return lock;  // a backup that cannot be written is told by whoever writes it
+    }
+    return lock;
 }
 
 }  // namespace ventlock

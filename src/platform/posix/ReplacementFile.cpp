@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <random>
+#include <vector>
 
 #include "base/RunTimeError.h"
 #include "platform/posix/FileErrors.h"
@@ -18,15 +19,24 @@ constexpr mode_t kOrdinaryMode = 0666;  // less the process's file mode mask
 constexpr mode_t kPrivateMode = 0600;
 constexpr mode_t kModeBits = 07777;
 
-std::string UnforeseeableName() {
+constexpr std::size_t kMostOfName = 200;  // so that a name as long as the system allows leaves room
+constexpr std::size_t kDigits = 32;
+constexpr std::string_view kEnding = ".tmp";
+
+/// What the names of all temporary files for a file begin with.
+std::string TemporaryBegin(const FileTarget& target) {
+    return "." + target.name.substr(0, kMostOfName) + ".ventlock-";
+}
+
+std::string UnforeseeableName(const FileTarget& target) {
     std::random_device random;
-    std::string name = ".ventlock-";
-    for (int i = 0; i < 4; ++i) {
+    std::string name = TemporaryBegin(target);
+    for (std::size_t i = 0; i < kDigits / 8; ++i) {
         std::array<char, 9> digits{};
         std::snprintf(digits.data(), digits.size(), "%08x", random());
         name += digits.data();
     }
-    return name + ".tmp";
+    return name.append(kEnding);
 }
 
 }  // namespace
@@ -43,6 +53,17 @@ bool WriteAll(const FileCalls& calls, int descriptor, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
+}
+
+void RemoveLeftOvers(const FileCalls& calls, const FileTarget& target) {
+    std::vector<std::string> names;
+    if (calls.list(target.folder.c_str(), names) != 0) return;
+    const std::string begin = TemporaryBegin(target);
+    for (const std::string& name : names) {
+        const bool isLeftOver = name.size() == begin.size() + kDigits + kEnding.size() &&
+                                name.starts_with(begin) && name.ends_with(kEnding);
+        if (isLeftOver) calls.unlink((target.folder + "/" + name).c_str());
+    }
 }
 
 ReplacementFile::ReplacementFile(const FileCalls& calls, const FileTarget& target)
@@ -64,7 +85,7 @@ int ReplacementFile::Create() {
     // Until the old file's mode and owner are known to be kept nobody else may read the new one.
     const mode_t mode = target_.exists ? kPrivateMode : kOrdinaryMode;
     for (int attempt = 0; attempt < kMostNames; ++attempt) {
-        const std::string path = target_.folder + "/" + UnforeseeableName();
+        const std::string path = target_.folder + "/" + UnforeseeableName(target_);
         const int descriptor = Uninterrupted([&] {
             return calls_.open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
         });

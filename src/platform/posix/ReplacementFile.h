@@ -9,7 +9,8 @@
 
 namespace ventlock {
 
-/// New bytes for a file, written beside it under a name that nobody can foresee. Commit puts them in its
+/// New bytes for a file, written beside it under a name that nobody can foresee, ".<name>.ventlock-", 32
+/// hexadecimal digits, ".tmp". Commit puts them in its
 /// place; without Commit the destructor takes them away and the file is as it was.
 class ReplacementFile {
  public:
@@ -38,6 +39,10 @@ class ReplacementFile {
     std::string temporary_;  ///< empty when there is nothing to take away
     Descriptor file_;
 };
+
+/// Takes away what programs that were killed while they replaced the file have left beside it, as far as the
+/// user may. Whoever calls it must hold the lock under which the file is replaced.
+void RemoveLeftOvers(const FileCalls& calls, const FileTarget& target);
 
 /// Writes all of `bytes`, however many calls that takes; False and errno when it fails.
 bool WriteAll(const FileCalls& calls, int descriptor, std::string_view bytes);

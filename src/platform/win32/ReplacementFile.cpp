@@ -60,6 +60,17 @@ bool WriteAll(const FileHandle& file, std::string_view bytes) {
     return true;
 }
 
+void RemoveLeftOvers(const FileTarget& target) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW((target.folder + L".*.tmp").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do {
+        const std::wstring name = found.cFileName;
+        if (IsTemporaryName(name, target.name)) DeleteFileW((target.folder + name).c_str());
+    } while (FindNextFileW(search, &found) != 0);
+    FindClose(search);
+}
+
 ReplacementFile::ReplacementFile(const FileTarget& target, const Pause& pause)
     : target_(target), pause_(pause), file_(Create()) {
     if (!takesAccessList_) return;
@@ -78,7 +89,7 @@ ReplacementFile::~ReplacementFile() {
 FileHandle ReplacementFile::Create() {
     const DWORD kept = target_.exists ? target_.attributes & kKeptAttributes : 0;
     for (int attempt = 0; attempt < kMostNames; ++attempt) {
-        const std::wstring path = target_.folder + TemporaryName();
+        const std::wstring path = target_.folder + TemporaryName(target_.name);
         const auto open = [&](DWORD access) {
             return FileHandle(CreateFileW(path.c_str(), access, 0, nullptr, CREATE_NEW,
                                           kept != 0 ? kept : FILE_ATTRIBUTE_NORMAL, nullptr));

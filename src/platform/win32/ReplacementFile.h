@@ -48,6 +48,10 @@ class ReplacementFile {
 /// right to do so is what it denies.
 bool IsAccessListRefused(DWORD code);
 
+/// Takes away what programs that were ended while they replaced the file have left beside it, as far as the
+/// user may. Whoever calls it must hold the lock under which the file is replaced.
+void RemoveLeftOvers(const FileTarget& target);
+
 /// Writes all of `bytes`, however many calls that takes; False and GetLastError when it fails.
 bool WriteAll(const FileHandle& file, std::string_view bytes);
 

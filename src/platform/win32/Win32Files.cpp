@@ -89,7 +89,15 @@ void Win32Files::Append(const std::string& path, std::string_view bytes) {
 
 std::unique_ptr<IFileLock> Win32Files::Lock(const std::string& path) {
     const NoSystemBoxes quiet;
-    return std::make_unique<Win32FileLock>(ResolveTarget(path, pause_), lockPatience_, pause_);
+    const FileTarget target = ResolveTarget(path, pause_);
+    auto lock = std::make_unique<Win32FileLock>(target, lockPatience_, pause_);
+    RemoveLeftOvers(target);
+    try {
+        RemoveLeftOvers(ResolveTarget(path + kBackupEnding, pause_));
+    } catch (const RunTimeError&) {
+        return lock;  // a backup that cannot be written is told by whoever writes it
+    }
+    return lock;
 }
 
 }  // namespace ventlock

@@ -97,7 +97,8 @@ std::string Win32Paths::StateFolder() {
 }
 
 bool Win32Paths::ProgramFolderIsWritable() {
-    const std::wstring path = LongForm(ToWideText(Join(ProgramFolder(), FromWideText(TemporaryName()))));
+    const std::wstring path =
+        LongForm(ToWideText(Join(ProgramFolder(), FromWideText(TemporaryName(L"folder")))));
     return FileHandle(
                CreateFileW(path.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                            FILE_ATTRIBUTE_TEMPORARY | FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE,

@@ -117,6 +117,9 @@ FileCalls ScriptedCalls::Calls() {
     calls.flock = [](int descriptor, int operation) {
         return Interruptible("flock", [&] { return Real().flock(descriptor, operation); });
     };
+    calls.list = [](const char* folder, std::vector<std::string>& names) {
+        return Scripted("list", [&] { return Real().list(folder, names); });
+    };
     return calls;
 }
 

@@ -236,11 +236,11 @@ void FailEveryCallOfInsert(const char* name, const FileOperation& operation, con
 
 TEST(FileFaults, LeaveAnExistingPyxIniWhole) {
     const FileOperation operation{{{"Pyx.ini", kOldPyxIni}, {"Pyx.ini.bak", "older"}}, InsertIntoPyxIni};
-    FailEveryCallOfInsert("Pyx.ini, existing", operation, kUntidyPyxIni, 1);
+    FailEveryCallOfInsert("Pyx.ini, existing", operation, kUntidyPyxIni, 45);
 }
 
 TEST(FileFaults, LeaveNoPyxIniOrAWholeOne) {
-    FailEveryCallOfInsert("Pyx.ini, new", {{}, InsertIntoPyxIni}, kUntidyNewPyxIni, 1);
+    FailEveryCallOfInsert("Pyx.ini, new", {{}, InsertIntoPyxIni}, kUntidyNewPyxIni, 40);
 }
 
 void FailEveryCallOfWriteDDInstall(const char* name, const FileOperation& operation, std::size_t leastCalls) {
@@ -263,21 +263,21 @@ void FailEveryCallOfWriteDDInstall(const char* name, const FileOperation& operat
 TEST(FileFaults, LeaveADdinstalThatGetsADeviceWhole) {
     FailEveryCallOfWriteDDInstall(
         "Ddinstal.ini, new device",
-        {{{"Ddinstal.ini", kOldDdinstal}, {"Ddinstal.ini.bak", "older"}}, WriteDdinstal}, 1);
+        {{{"Ddinstal.ini", kOldDdinstal}, {"Ddinstal.ini.bak", "older"}}, WriteDdinstal}, 47);
 }
 
 TEST(FileFaults, LeaveADdinstalWhoseDeviceIsWrittenAnewWhole) {
     FailEveryCallOfWriteDDInstall("Ddinstal.ini, known device",
-                                  {{{"Ddinstal.ini", kDdinstalWithDevice}}, WriteDdinstal}, 1);
+                                  {{{"Ddinstal.ini", kDdinstalWithDevice}}, WriteDdinstal}, 46);
 }
 
 TEST(FileFaults, LeaveNoDdinstalOrAWholeOne) {
-    FailEveryCallOfWriteDDInstall("Ddinstal.ini, new", {{}, WriteDdinstal}, 1);
+    FailEveryCallOfWriteDDInstall("Ddinstal.ini, new", {{}, WriteDdinstal}, 26);
 }
 
 TEST(FileFaults, LeaveThePyxIniThatGetsADataSourceNameWhole) {
     const FileOperation operation{{{"Pyx.ini", kOldPyxIni}}, WriteDataSourceName};
-    FailEveryCall("DataSourceName", operation, 1,
+    FailEveryCall("DataSourceName", operation, 30,
                   [&](const Trial& clean, const Trial& trial, const Fault& fault) {
                       ExpectNothingBeside(operation, clean, trial, fault);
                       ExpectOldOrNew(operation, clean, trial, "Pyx.ini");
@@ -332,13 +332,13 @@ FileOperation SaveOverOldSettings() {
 
 TEST(FileFaults, LeaveASettingsStoreThatGetsOneSettingWhole) {
     const FileOperation operation{SaveOverOldSettings().before, SetOneSetting};
-    FailEveryCallOfSet("one setting", operation, BytesOf(operation.before, "registry.ini"), 1);
+    FailEveryCallOfSet("one setting", operation, BytesOf(operation.before, "registry.ini"), 48);
 }
 
 TEST(FileFaults, LeaveNoSettingsStoreOrAWholeOne) {
     FailEveryCallOfSet("one setting of a new store", {{}, SetOneSetting},
                        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Halvard Systems\\TAVToolkit\\Ventlock\\Settings]\r\n",
-                       1);
+                       70);
 }
 
 /// Lines of a text, each with its end.
@@ -362,7 +362,7 @@ TEST(FileFaults, KeepAtMostOneOfAllSettingsFromBeingSaved) {
     const auto isTried = [&](std::size_t call) { return call / callsEach == settings / 2; };
     const std::vector<std::string> before = LinesOf(operation.before.at("registry.ini"));
     FailEveryCall(
-        "all settings", operation, 1,
+        "all settings", operation, 48,
         [&](const Trial& clean, const Trial& trial, const Fault& fault) {
             ExpectNothingBeside(operation, clean, trial, fault);
             EXPECT_TRUE(trial.outcome.isDone);

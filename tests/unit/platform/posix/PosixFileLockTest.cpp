@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -5,6 +6,7 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -181,6 +183,48 @@ TEST_F(FileLockTest, ThatAnotherHoldsStaysAfterAFailure) {
     PosixFiles files(milliseconds(30), ScriptedCalls::Calls());
     EXPECT_EQ(NumberRaisedBy([&] { files.Lock(folder_ / "a.ini"); }), 57);
     EXPECT_EQ(folder_.Listing(), ".a.ini.lock");
+}
+
+TEST_F(FileLockTest, RemovesWhatAProgramThatWasKilledWhileReplacingTheFileOrItsBackupHasLeft) {
+    for (const std::string name : {"a.ini", "a.ini.bak"}) {
+        const Signal writing;
+        const Signal never;
+        Child other([&] {
+            ScriptedCalls script;
+            script.BeforeFirst("rename", [&] {
+                writing.Give();
+                never.Await();
+            });
+            PosixFiles(milliseconds(0), ScriptedCalls::Calls()).Replace(folder_ / name, "new");
+            return 0;
+        });
+        writing.Await();
+        other.Kill();
+        EXPECT_EQ(other.ExitCode(), -1);
+        EXPECT_THAT(folder_.Listing(),
+                    testing::MatchesRegex("\\." + name + "\\.ventlock-[0-9a-f]{32}\\.tmp"));
+        patient_.Lock(folder_ / "a.ini");
+        EXPECT_EQ(folder_.Listing(), "") << name;
+    }
+}
+
+TEST_F(FileLockTest, LeavesTheTemporaryFilesOfOtherFilesAndFilesOfLikeNamesAlone) {
+    const std::string digits(32, 'a');
+    const std::string others = ".a.ini.ventlock-" + digits.substr(1) + ".tmp .a.ini.ventlock-" + digits +
+                               ".old .a.ini2.ventlock-" + digits + ".tmp .b.ini.ventlock-" + digits + ".tmp";
+    std::istringstream names(others);
+    for (std::string name; names >> name;) WriteBytes(folder_ / name, "");
+    WriteBytes(folder_ / (".a.ini.ventlock-" + digits + ".tmp"), "");
+    patient_.Lock(folder_ / "a.ini");
+    EXPECT_EQ(folder_.Listing(), others);
+}
+
+TEST_F(FileLockTest, IsHadInAFolderThatCannotBeRead) {
+    ScriptedCalls script;
+    script.FailFirst("list", EACCES);
+    PosixFiles files(milliseconds(30), ScriptedCalls::Calls());
+    EXPECT_EQ(NumberRaisedBy([&] { files.Lock(folder_ / "a.ini"); }), 0);
+    EXPECT_EQ(folder_.Listing(), "");
 }
 
 }  // namespace

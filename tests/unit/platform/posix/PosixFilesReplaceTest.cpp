@@ -163,7 +163,8 @@ TEST_F(ReplaceTest, TheTemporaryFileStandsBesideTheFileUnderAnUnforeseeableNameT
     const std::string second = script.Opened()[2].first;
     EXPECT_EQ(flags, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC);
     EXPECT_EQ(fs::path(first).parent_path(), folder_.Path());
-    EXPECT_THAT(fs::path(first).filename().string(), testing::MatchesRegex("\\.ventlock-[0-9a-f]{32}\\.tmp"));
+    EXPECT_THAT(fs::path(first).filename().string(),
+                testing::MatchesRegex("\\.a\\.ini\\.ventlock-[0-9a-f]{32}\\.tmp"));
     EXPECT_NE(first, second);
 }
 

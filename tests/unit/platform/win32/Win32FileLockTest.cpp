@@ -134,6 +134,17 @@ TEST_F(Win32FileLockTest, OneThatALossOfPowerLeftBehindHoldsNobodyUp) {
     EXPECT_EQ(folder_.Listing(), "");
 }
 
+TEST_F(Win32FileLockTest, RemovesWhatAnEndedProgramHasLeftOfTheFileAndItsBackupAndNothingElse) {
+    const std::string digits(32, 'a');
+    for (const std::string name : {"a.ini", "a.ini.bak", "a.ini2", "b.ini"}) {
+        WriteBytes(folder_ / ("." + name + ".ventlock-" + digits + ".tmp"), "");
+    }
+    WriteBytes(folder_ / (".a.ini.ventlock-" + digits.substr(1) + ".tmp"), "");
+    patient_.Lock(folder_ / "a.ini");
+    EXPECT_EQ(folder_.Listing(), ".a.ini.ventlock-" + digits.substr(1) + ".tmp .a.ini2.ventlock-" + digits +
+                                     ".tmp .b.ini.ventlock-" + digits + ".tmp");
+}
+
 TEST_F(Win32FileLockTest, AFolderInItsPlaceIs75AtOnce) {
     fs::create_directory(folder_ / ".a.ini.lock");
     int pauses = 0;

@@ -162,7 +162,7 @@ TEST_F(Win32ReplaceTest, AReaderAndAnAppendAreWaitedForLikewise) {
 
 /// The temporary file among the names of a listing, "" without one.
 std::string TemporaryIn(const std::string& listing) {
-    const std::size_t begin = listing.find(".ventlock-");
+    const std::size_t begin = listing.find(".a.ini.ventlock-");
     return begin == std::string::npos ? "" : listing.substr(begin, listing.find(' ', begin) - begin);
 }
 
@@ -184,8 +184,8 @@ TEST_F(Win32ReplaceTest, AReaderThatSharesAllIs70WithTheOldFileWholeAndNothingBe
     EXPECT_EQ(seen, "oldnew");
     ASSERT_EQ(temporaries.size(), 16U);
     EXPECT_TRUE(temporaries.front().ends_with(".tmp")) << temporaries.front();
-    EXPECT_EQ(temporaries.front().find_first_not_of("0123456789abcdef", 10), 42U) << temporaries.front();
-    EXPECT_EQ(temporaries.front().size(), 46U);
+    EXPECT_EQ(temporaries.front().find_first_not_of("0123456789abcdef", 16), 48U) << temporaries.front();
+    EXPECT_EQ(temporaries.front().size(), 52U);
     EXPECT_EQ(temporaries.front(), temporaries[7]);
     EXPECT_NE(temporaries.front(), temporaries.back());
 }
