@@ -3,7 +3,7 @@
 build_packages=(g++ cmake ninja-build unixodbc-dev libsqliteodbc libcli11-dev nlohmann-json3-dev libdtl-dev
     libwxgtk3.2-dev wx3.2-i18n)
 test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc odbcinst odbc-postgresql odbc-mariadb
-    postgresql mariadb-server util-linux pkgconf libatspi2.0-dev libxtst-dev)
+    postgresql mariadb-server util-linux pkgconf libatspi2.0-dev libxtst-dev strace)
 
 # What shows a window without a screen, drives it and takes pictures of it.
 display_packages=(xvfb openbox x11-utils x11-xkb-utils x11-xserver-utils xdotool dbus-daemon dbus-bin at-spi2-core
