@@ -1,0 +1,22 @@
+#!/usr/bin/env bash
+# The command line under load, as users get it and at full size: killed 500 times at any moment while it registers, four of
+# it at once with 250 devices each, and every one of its system calls on files failing for five reasons. VENTLOCK_LOAD sets
+# another number, VENTLOCK_SEED repeats a run. Installs what is missing. Called by test.sh --load. Ends with the numbers, and non-zero when a goal is missed.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+
+need_packages "${build_packages[@]}" "${test_packages[@]}"
+
+export VENTLOCK_LOAD=${VENTLOCK_LOAD:-500}
+cmake --preset release -B build/load -DBUILD_TESTING=ON >/dev/null
+cmake --build build/load --target load_tests e2e_tests
+
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+failed=0
+build/load/tests/e2e/e2e_tests --gtest_brief=1 --gtest_filter='SystemCallFaults.*' | tee "$log" || failed=1
+build/load/tests/load/load_tests --gtest_brief=1 | tee -a "$log" || failed=1
+echo
+grep -E '^(VENTLOCK_SEED|system call faults|kills|two at once)' "$log"
+exit $failed
