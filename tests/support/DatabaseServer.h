@@ -2,8 +2,8 @@
 
 #include <memory>
 #include <string>
-#include <string_view>
 
+#include "support/DeviceDatabase.h"
 #include "support/DeviceSchema.h"
 #include "support/OdbcFolder.h"
 #include "support/OdbcProbe.h"
@@ -16,40 +16,60 @@ class DatabaseServer {
  public:
     virtual ~DatabaseServer() = default;
 
-    [[nodiscard]] virtual Dialect OwnDialect() const = 0;
+    [[nodiscard]] virtual Product OwnProduct() const = 0;
 
     /// The path of the driver and what a data source needs to reach a database of the server.
     [[nodiscard]] virtual std::string Driver() const = 0;
     [[nodiscard]] virtual OdbcFolder::Settings SettingsFor(const std::string& database) const = 0;
 
-    /// The database that is always there.
-    [[nodiscard]] virtual std::string FirstDatabase() const = 0;
+    /// Makes a database with a schema, and takes one away that nobody is connected to any more, in its time.
+    virtual void Create(const std::string& database, DeviceSchema schema) = 0;
+    virtual void Drop(const std::string& database) = 0;
+
+    /// A connection of the test's to a database.
+    [[nodiscard]] std::unique_ptr<OdbcProbe> Connect(const std::string& database) const;
+
+    /// Ends the server without any warning, as a machine that fails does, and starts it again. What was
+    /// committed is there again.
+    virtual void Kill() = 0;
+    virtual void Start() = 0;
+
+    /// Drops a table of a database whatever refers to it.
+    virtual void DropTable(DeviceDatabase& database, const std::string& table) const = 0;
+
+    /// Makes a column of a database take any text.
+    virtual void MakeText(DeviceDatabase& database, const std::string& table,
+                          const std::string& column) const = 0;
+
+    virtual void Lock(DeviceDatabase& database, const std::string& table) const = 0;
+    virtual void Unlock(DeviceDatabase& database) const = 0;
 };
 
-/// A new database on a server with a data source of the user; both go when it does, but for the data source's
-/// entry.
-class ServerDatabase {
+/// A new database on a server; it goes when this does.
+class ServerDatabase final : public DeviceDatabase {
  public:
-    explicit ServerDatabase(DatabaseServer& server, DeviceSchema schema = DeviceSchema::Current);
-    ~ServerDatabase();
-    ServerDatabase(const ServerDatabase&) = delete;
-    ServerDatabase& operator=(const ServerDatabase&) = delete;
+    /// @param dataSource  the data source's name, omitted: one that no other has had
+    explicit ServerDatabase(DatabaseServer& server, DeviceSchema schema = DeviceSchema::Current,
+                            const std::string& dataSource = "");
+    ~ServerDatabase() override;
 
-    /// What the program connects with: "ODBC;UID=sa;PWD=;DSN=" and the name.
-    [[nodiscard]] std::string ConnectString() const { return "ODBC;UID=sa;PWD=;DSN=" + name_; }
+    [[nodiscard]] std::string OwnName() const override { return name_; }
+    void DropTable(const std::string& table) override { server_.DropTable(*this, table); }
+    void MakeText(const std::string& table, const std::string& column) override {
+        server_.MakeText(*this, table, column);
+    }
+    void Lock(const std::string& table) override { server_.Lock(*this, table); }
+    void Unlock() override { server_.Unlock(*this); }
 
-    /// For setting up; a failing statement fails the test.
-    void Execute(std::string_view sql) { probe_->Execute(sql); }
-
-    /// The rows of a query: "a|b|NULL\n" each.
-    std::string Rows(std::string_view sql) { return probe_->Rows(sql); }
+    /// Connects the test's own connection again, after the server was away.
+    void Reconnect() { Use(server_.Connect(name_)); }
 
  private:
-    std::unique_ptr<OdbcProbe> Connect(const std::string& database);
+    ServerDatabase(DatabaseServer& server, DeviceSchema schema, const std::string& dataSource,
+                   const std::string& name);
 
     DatabaseServer& server_;
     std::string name_;
-    std::unique_ptr<OdbcProbe> probe_;
 };
 
 }  // namespace ventlock::test

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/modLocalization.h"
@@ -14,7 +16,7 @@
 #include "platform/odbc/OdbcEngine.h"
 #include "support/FailingEngine.h"
 #include "support/LoggedApp.h"
-#include "support/SqliteDatabase.h"
+#include "support/TestedDatabase.h"
 
 namespace ventlock::test {
 
@@ -22,13 +24,15 @@ namespace ventlock::test {
 inline constexpr const char* kNoSupport = "The version of the device database is not supported.";
 inline constexpr const char* kNoRead = "The version of the device database could not be read.";
 
-/// A device database of its own, connected through the real driver, and the shared service objects "Log" and
-/// "Connection" with the program's English dictionary. Every statement goes through a journal.
+/// A device database of the tested product, connected through the real driver, and the shared service objects
+/// "Log" and "Connection" with the program's English dictionary. Every statement goes through a journal.
 class DbWorld {
  public:
     /// Connects at once; statements of before the test's own are none.
-    explicit DbWorld(DeviceSchema schema = DeviceSchema::Current, StatementMode mode = StatementMode::Run)
-        : database_(schema), connection_(std::make_shared<clsConnection>(Engines(mode))) {
+    explicit DbWorld(DeviceSchema schema = DeviceSchema::Current, StatementMode mode = StatementMode::Run,
+                     DatabaseTimeLimits limits = {})
+        : database_(NewDeviceDatabase(schema)),
+          connection_(std::make_shared<clsConnection>(Engines(mode, limits))) {
         auto dictionary = std::make_shared<TavDictionary>(app_.Files());
         EXPECT_TRUE(dictionary->Load(
             {VENTLOCK_SOURCE_FOLDER "/data/QorStandard.dct", VENTLOCK_SOURCE_FOLDER "/data/Ventlock.dct"}));
@@ -47,10 +51,13 @@ class DbWorld {
     AppObjects& Objects() { return app_.Objects(); }
     clsConnection& Connection() { return *connection_; }
     bool Connect(const std::string& dataSource) { return connection_->Init(Objects(), 2, dataSource); }
-    [[nodiscard]] const std::string& Dsn() const { return database_.Dsn(); }
+    [[nodiscard]] const std::string& Dsn() const { return database_->Dsn(); }
 
     /// What the records and the facade yield to; the engine has others.
     FakeEvents& Events() { return events_; }
+
+    /// What happens again and again while the program waits for the database.
+    void WhileWaiting(std::function<void()> action) { engineEvents_.action = std::move(action); }
 
     const StatementJournal& Journal() { return journal_; }
 
@@ -67,34 +74,36 @@ class DbWorld {
     std::vector<std::string> Entries() { return app_.Entries(); }
 
     /// Sets up or looks at the database beside the program's connection; rows are "a|b|NULL\n" each.
-    void Execute(std::string_view sql) { database_.Execute(sql); }
-    std::string Rows(std::string_view sql) { return database_.Rows(sql); }
-    SqliteDatabase& Database() { return database_; }
+    void Execute(std::string_view sql) { database_->Execute(sql); }
+    std::string Rows(std::string_view sql) { return database_->Rows(sql); }
+    DeviceDatabase& Database() { return *database_; }
 
     /// Takes all keys, checks and references from tables and keeps their rows. A table that refers to one of
-    /// them must be among them.
+    /// them must stand before it.
     void Loosen(std::initializer_list<std::string> tables) {
-        Execute("PRAGMA foreign_keys=OFF");
-        for (const std::string& table : tables) {
-            Execute("CREATE TABLE loose AS SELECT * FROM " + table);
-            Execute("DROP TABLE " + table);
-            Execute("ALTER TABLE loose RENAME TO " + table);
-        }
-        Execute("PRAGMA foreign_keys=ON");
+        for (const std::string& table : tables) database_->Loosen(table);
     }
 
     /// Makes a statement fail without the database, for what a real one cannot be brought to.
     StatementFailure& Failure() { return failure_; }
 
  private:
-    EngineFactory Engines(StatementMode mode) {
-        return Journaled(Failing([this] { return CreateOdbcEngine(engineEvents_, {}); }, failure_), journal_,
-                         mode);
+    struct WaitingEvents final : IEvents {
+        std::function<void()> action;
+        void Yield() override {
+            if (action) action();
+        }
+    };
+
+    EngineFactory Engines(StatementMode mode, DatabaseTimeLimits limits) {
+        return Journaled(
+            Failing([this, limits] { return CreateOdbcEngine(engineEvents_, limits); }, failure_), journal_,
+            mode);
     }
 
     LoggedApp app_;
-    SqliteDatabase database_;
-    FakeEvents engineEvents_;
+    std::unique_ptr<DeviceDatabase> database_;
+    WaitingEvents engineEvents_;
     FakeEvents events_;
     StatementFailure failure_;
     StatementJournal journal_;

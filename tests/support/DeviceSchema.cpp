@@ -7,13 +7,13 @@
 namespace ventlock::test {
 namespace {
 
-std::string FileOf(Dialect dialect) {
-    switch (dialect) {
-        case Dialect::Sqlite:
+std::string FileOf(Product product) {
+    switch (product) {
+        case Product::Sqlite:
             return "sqlite.sql";
-        case Dialect::Postgresql:
+        case Product::Postgresql:
             return "postgresql.sql";
-        case Dialect::Mariadb:
+        case Product::Mariadb:
             return "mariadb.sql";
     }
     return {};
@@ -21,12 +21,12 @@ std::string FileOf(Dialect dialect) {
 
 }  // namespace
 
-void CreateSchema(OdbcProbe& database, Dialect dialect, DeviceSchema schema) {
+void CreateSchema(OdbcProbe& database, Product product, DeviceSchema schema) {
     if (schema == DeviceSchema::None) return;
     const std::string folder = VENTLOCK_SOURCE_FOLDER "/data/schema/";
     const std::string own = folder + (schema == DeviceSchema::Current ? "current/" : "old/");
-    database.RunScript(folder + "common/" + FileOf(dialect));
-    database.RunScript(own + FileOf(dialect));
+    database.RunScript(folder + "common/" + FileOf(product));
+    database.RunScript(own + FileOf(product));
     database.RunScript(folder + "reference.sql");
     database.RunScript(own + "version.sql");
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Product.h"
+
 namespace ventlock::test {
 
 class OdbcProbe;
@@ -11,10 +13,7 @@ enum class DeviceSchema {
     None,     ///< a database without any table
 };
 
-/// The folder of a database product in the schema files.
-enum class Dialect { Sqlite, Postgresql, Mariadb };
-
-/// Makes the tables of a schema and their first rows.
-void CreateSchema(OdbcProbe& database, Dialect dialect, DeviceSchema schema);
+/// Makes the tables of a schema and their first rows, as the product takes them.
+void CreateSchema(OdbcProbe& database, Product product, DeviceSchema schema);
 
 }  // namespace ventlock::test

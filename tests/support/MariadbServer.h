@@ -14,14 +14,23 @@ class MariadbServer final : public DatabaseServer {
  public:
     MariadbServer();
 
-    [[nodiscard]] Dialect OwnDialect() const override { return Dialect::Mariadb; }
+    [[nodiscard]] Product OwnProduct() const override { return Product::Mariadb; }
     [[nodiscard]] std::string Driver() const override { return OdbcFolder::DriverLibrary("libmaodbc.so"); }
     [[nodiscard]] OdbcFolder::Settings SettingsFor(const std::string& database) const override;
-    [[nodiscard]] std::string FirstDatabase() const override { return "mysql"; }
+    void Create(const std::string& database, DeviceSchema schema) override;
+    void Drop(const std::string& database) override;
+    void Kill() override;
+    void Start() override;
+    void DropTable(DeviceDatabase& database, const std::string& table) const override;
+    void MakeText(DeviceDatabase& database, const std::string& table,
+                  const std::string& column) const override;
+    void Lock(DeviceDatabase& database, const std::string& table) const override;
+    void Unlock(DeviceDatabase& database) const override;
 
  private:
-    TempFolder folder_;
+    TempFolder folder_{ServerFolders()};
     std::unique_ptr<ServerProcess> process_;
+    std::unique_ptr<OdbcProbe> first_;  ///< to the database that is always there
 };
 
 }  // namespace ventlock::test

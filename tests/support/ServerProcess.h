@@ -1,5 +1,6 @@
 #pragma once
 
+#include <signal.h>
 #include <sys/types.h>
 
 #include <string>
@@ -24,10 +25,14 @@ class ServerAccount {
     std::string name_;
 };
 
+/// Where a server's temporary folder is to be made: in memory where there is room, because its files need not
+/// outlive a power cut and most of a server's time would go into waiting for the disk.
+std::string ServerFolders();
+
 /// Runs a command to its end; a failure fails the test with what the command wrote.
 void RunToEnd(const std::vector<std::string>& command);
 
-/// A server that runs until its destructor, which ends it and waits for that.
+/// A server that runs until it is ended, by its destructor at the latest.
 class ServerProcess {
  public:
     /// Starts the command and returns when it has written `ready`; fails the test when it ends before.
@@ -35,6 +40,9 @@ class ServerProcess {
     ~ServerProcess();
     ServerProcess(const ServerProcess&) = delete;
     ServerProcess& operator=(const ServerProcess&) = delete;
+
+    /// Sends the signal and waits until the server has ended.
+    void End(int signal);
 
  private:
     pid_t process_ = -1;

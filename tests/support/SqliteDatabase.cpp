@@ -1,17 +1,27 @@
 #include "support/SqliteDatabase.h"
 
+#include <memory>
+
 namespace ventlock::test {
 
 SqliteDatabase::SqliteDatabase(DeviceSchema schema, const OdbcFolder::Settings& settings,
                                const std::string& name)
-    : dsn_(name.empty() ? OdbcFolder::Get().UnusedName() : name) {
-    OdbcFolder::Settings all{{"Database", DriversFile()}, {"FKSupport", "1"}};
+    : DeviceDatabase(name.empty() ? OdbcFolder::Get().UnusedName() : name) {
+    // No test takes the machine's power away, so that nothing need wait for the disk.
+    OdbcFolder::Settings all{{"Database", DriversFile()}, {"FKSupport", "1"}, {"SyncPragma", "OFF"}};
     all.insert(all.end(), settings.begin(), settings.end());
-    OdbcFolder::Get().AddDataSource(dsn_, OdbcFolder::DriverLibrary("libsqlite3odbc.so"), all);
-    probe_ = std::make_unique<OdbcProbe>("DSN=" + dsn_, ProbeText::Bytes);
-    probe_->Execute("BEGIN");
-    CreateSchema(*probe_, Dialect::Sqlite, schema);
-    probe_->Execute("COMMIT");
+    OdbcFolder::Get().AddDataSource(Dsn(), OdbcFolder::DriverLibrary("libsqlite3odbc.so"), all);
+    auto probe = std::make_unique<OdbcProbe>("DSN=" + Dsn(), ProbeText::Bytes);
+    probe->Execute("BEGIN");
+    CreateSchema(*probe, Product::Sqlite, schema);
+    probe->Execute("COMMIT");
+    Use(std::move(probe));
+}
+
+void SqliteDatabase::DropTable(const std::string& table) {
+    Execute("PRAGMA foreign_keys=OFF");
+    Execute("DROP TABLE " + table);
+    Execute("PRAGMA foreign_keys=ON");
 }
 
 }  // namespace ventlock::test

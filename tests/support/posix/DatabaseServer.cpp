@@ -2,24 +2,27 @@
 
 namespace ventlock::test {
 
-ServerDatabase::ServerDatabase(DatabaseServer& server, DeviceSchema schema)
-    : server_(server), name_(OdbcFolder::Get().UnusedName()) {
-    Connect(server_.FirstDatabase())->Execute("CREATE DATABASE " + name_);
-    OdbcFolder::Get().AddDataSource(name_, server_.Driver(), server_.SettingsFor(name_));
-    probe_ = Connect(name_);
-    CreateSchema(*probe_, server_.OwnDialect(), schema);
+std::unique_ptr<OdbcProbe> DatabaseServer::Connect(const std::string& database) const {
+    std::string connect = "UID=sa;PWD=;Driver=" + Driver();
+    for (const auto& [key, value] : SettingsFor(database))
+        connect.append(";").append(key).append("=").append(value);
+    return std::make_unique<OdbcProbe>(connect, ProbeText::Wide);
+}
+
+ServerDatabase::ServerDatabase(DatabaseServer& server, DeviceSchema schema, const std::string& dataSource)
+    : ServerDatabase(server, schema, dataSource, OdbcFolder::Get().UnusedName()) {}
+
+ServerDatabase::ServerDatabase(DatabaseServer& server, DeviceSchema schema, const std::string& dataSource,
+                               const std::string& name)
+    : DeviceDatabase(dataSource.empty() ? name : dataSource), server_(server), name_(name) {
+    server_.Create(name_, schema);
+    OdbcFolder::Get().AddDataSource(Dsn(), server_.Driver(), server_.SettingsFor(name_));
+    Reconnect();
 }
 
 ServerDatabase::~ServerDatabase() {
-    probe_.reset();
-    Connect(server_.FirstDatabase())->Execute("DROP DATABASE " + name_);
-}
-
-std::unique_ptr<OdbcProbe> ServerDatabase::Connect(const std::string& database) {
-    std::string connect = "UID=sa;PWD=;Driver=" + server_.Driver();
-    for (const auto& [key, value] : server_.SettingsFor(database))
-        connect.append(";").append(key).append("=").append(value);
-    return std::make_unique<OdbcProbe>(connect, ProbeText::Wide);
+    Use(nullptr);
+    server_.Drop(name_);
 }
 
 }  // namespace ventlock::test

@@ -19,21 +19,79 @@ std::string ProgramFolder() {
     return newest.string();
 }
 
+const ServerAccount kAccount("postgres");
+
 }  // namespace
 
 PostgresServer::PostgresServer() {
-    const ServerAccount account("postgres");
     const std::string data = folder_ / "data";
-    account.MakeFolder(data);
-    RunToEnd(account.Running({ProgramFolder() + "/initdb", "--pgdata=" + data, "--username=sa",
-                              "--auth=trust", "--encoding=UTF8", "--locale=C", "--no-sync"}));
-    process_ = std::make_unique<ServerProcess>(account.Running({ProgramFolder() + "/postgres", "-D", data,
-                                                                "-k", data, "-c", "listen_addresses=", "-F"}),
-                                               "ready to accept connections");
+    kAccount.MakeFolder(data);
+    RunToEnd(kAccount.Running({ProgramFolder() + "/initdb", "--pgdata=" + data, "--username=sa",
+                               "--auth=trust", "--encoding=UTF8", "--locale=C", "--no-sync"}));
+    Start();
+}
+
+void PostgresServer::Start() {
+    const std::string data = folder_ / "data";
+    process_ =
+        std::make_unique<ServerProcess>(kAccount.Running({ProgramFolder() + "/postgres", "-D", data, "-k",
+                                                          data, "-c", "listen_addresses=", "-F"}),
+                                        "ready to accept connections");
+    first_ = Connect("postgres");
+}
+
+void PostgresServer::Kill() {
+    first_.reset();
+    // The first process passes this on to those of its connections; killed itself, it would leave them.
+    process_->End(SIGQUIT);
 }
 
 OdbcFolder::Settings PostgresServer::SettingsFor(const std::string& database) const {
     return {{"Servername", folder_ / "data"}, {"Port", "5432"}, {"Database", database}};
+}
+
+std::string PostgresServer::TemplateOf(DeviceSchema schema) {
+    if (schema == DeviceSchema::None) return "template1";
+    std::string name = schema == DeviceSchema::Current ? "current" : "old";
+    if (templates_.insert(name).second) {
+        first_->Execute("CREATE DATABASE " + name);
+        CreateSchema(*Connect(name), OwnProduct(), schema);
+    }
+    return name;
+}
+
+void PostgresServer::Create(const std::string& database, DeviceSchema schema) {
+    DropUnused();
+    first_->Execute("CREATE DATABASE " + database + " TEMPLATE " + TemplateOf(schema));
+}
+
+// Connections that were just closed have not ended yet, and the server would wait for them.
+void PostgresServer::Drop(const std::string& database) {
+    DropUnused();
+    unused_ = database;
+}
+
+void PostgresServer::DropUnused() {
+    if (!unused_.empty()) first_->Execute("DROP DATABASE " + unused_ + " WITH (FORCE)");
+    unused_.clear();
+}
+
+void PostgresServer::DropTable(DeviceDatabase& database, const std::string& table) const {
+    database.Execute("DROP TABLE " + table + " CASCADE");
+}
+
+void PostgresServer::MakeText(DeviceDatabase& database, const std::string& table,
+                              const std::string& column) const {
+    database.Execute("ALTER TABLE " + table + " ALTER COLUMN " + column + " TYPE VARCHAR(64)");
+}
+
+void PostgresServer::Lock(DeviceDatabase& database, const std::string& table) const {
+    database.Execute("BEGIN");
+    database.Execute("LOCK TABLE " + table + " IN ACCESS EXCLUSIVE MODE");
+}
+
+void PostgresServer::Unlock(DeviceDatabase& database) const {
+    database.Execute("ROLLBACK");
 }
 
 }  // namespace ventlock::test

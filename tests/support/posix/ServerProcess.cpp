@@ -9,7 +9,9 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdint>
 #include <filesystem>
+#include <system_error>
 
 namespace ventlock::test {
 namespace {
@@ -47,7 +49,16 @@ std::string ReadSome(int output) {
     return count > 0 ? std::string(bytes.data(), static_cast<std::size_t>(count)) : std::string();
 }
 
+constexpr std::uintmax_t kRoomForServer = std::uintmax_t{1} << 30;
+
 }  // namespace
+
+std::string ServerFolders() {
+    std::error_code missing;
+    const std::filesystem::space_info memory = std::filesystem::space("/dev/shm", missing);
+    if (!missing && memory.available >= kRoomForServer) return "/dev/shm";
+    return std::filesystem::temp_directory_path().string();
+}
 
 std::vector<std::string> ServerAccount::Running(const std::vector<std::string>& command) const {
     std::vector<std::string> whole{"setpriv", "--pdeathsig=KILL"};
@@ -96,9 +107,14 @@ ServerProcess::ServerProcess(const std::vector<std::string>& command, const std:
 }
 
 ServerProcess::~ServerProcess() {
-    kill(process_, SIGTERM);
+    if (process_ != -1) End(SIGTERM);
+}
+
+void ServerProcess::End(int signal) {
+    kill(process_, signal);
     int status = -1;
     waitpid(process_, &status, 0);
+    process_ = -1;
     drain_.join();
     close(output_);
 }

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,6 +13,7 @@
 #include "support/FakeRegistry.h"
 #include "support/LogEntry.h"
 #include "support/Raised.h"
+#include "unit/db/ActingEvents.h"
 
 namespace ventlock::test {
 namespace {
@@ -22,16 +22,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr const char* kVersionRead = "SELECT *   FROM __version  ORDER BY Major, Minor ";
-
-/// Does something at one of the yields, as another user of the database would.
-struct ActingEvents final : IEvents {
-    int yields = 0;
-    int actsAt = 0;
-    std::function<void()> action;
-    void Yield() override {
-        if (++yields == actsAt) action();
-    }
-};
 
 /// Shared objects as they are when the program connects: the settings name the world's data source.
 class ConnectDatabaseTest : public testing::Test {
@@ -91,9 +81,9 @@ TEST_F(ConnectDatabaseTest, AGoodStartOnTheOldSchemaRunsExactlyFourSnapshots) {
 
 TEST_F(ConnectDatabaseTest, ConnectsToTheDataSourceOfTheSettingsEachTime) {
     Start(DeviceSchema::Current);
-    SqliteDatabase old(DeviceSchema::Old);
+    const auto old = NewDeviceDatabase(DeviceSchema::Old);
     EXPECT_TRUE(Connect());
-    settings_->DSN = old.Dsn();
+    settings_->DSN = old->Dsn();
     EXPECT_TRUE(Connect());
     EXPECT_EQ(schemaVersion_, 4);
 }
@@ -187,8 +177,7 @@ TEST_F(ConnectDatabaseTest, AFullDatabaseChangesNothing) {
 
 TEST_F(ConnectDatabaseTest, AFailedEmptinessCheckIsLoggedAndChangesNothing) {
     Start(DeviceSchema::Current);
-    world_->Execute("PRAGMA foreign_keys=OFF");
-    world_->Execute("DROP TABLE DeviceTypes");
+    world_->Database().DropTable("DeviceTypes");
     EXPECT_TRUE(Connect());
     EXPECT_EQ(schemaVersion_, 5);
     EXPECT_THAT(world_->Entries(), ElementsAre(DatabaseEntry("DBe1-02")));

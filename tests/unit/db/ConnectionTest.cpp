@@ -115,9 +115,9 @@ TEST(Connection, TheDataSourceNameOfOneInitIsNotKeptForTheNext) {
 
 TEST(Connection, InitWithoutADatabaseConnectsToTheDataSourcePyx) {
     DbWorld world;
-    SqliteDatabase pyx(DeviceSchema::None, {}, "PYX");
-    pyx.Execute("CREATE TABLE only_here (n INTEGER)");
-    pyx.Execute("INSERT INTO only_here VALUES (17)");
+    const auto pyx = NewDeviceDatabase(DeviceSchema::None, "PYX");
+    pyx->Execute("CREATE TABLE only_here (n INTEGER)");
+    pyx->Execute("INSERT INTO only_here VALUES (17)");
     EXPECT_TRUE(world.Connection().Init(world.Objects(), 2));
     EXPECT_EQ(OpenSnapshot(&world.Objects(), "SELECT n FROM only_here")->Column("n").Text(), "17");
     EXPECT_THAT(world.Entries(), IsEmpty());
@@ -247,10 +247,10 @@ TEST(Connection, AFailedConnectDropsTheOldConnectionWhicheverStepFails) {
 
 TEST(Connection, ASecondInitSendsStatementsToTheNewSource) {
     DbWorld world;
-    SqliteDatabase other;
-    EXPECT_TRUE(world.Connect(other.Dsn()));
+    const auto other = NewDeviceDatabase();
+    EXPECT_TRUE(world.Connect(other->Dsn()));
     DatabaseOf(&world.Objects()).Execute("INSERT INTO Manufacturers VALUES (5, 'There', '') ");
-    EXPECT_EQ(other.Rows("SELECT * FROM Manufacturers"), "5|There|\n");
+    EXPECT_EQ(other->Rows("SELECT * FROM Manufacturers"), "5|There|\n");
     EXPECT_EQ(world.Rows("SELECT * FROM Manufacturers"), "");
 }
 

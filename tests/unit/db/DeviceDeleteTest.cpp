@@ -5,7 +5,9 @@
 namespace ventlock::test {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr const char* kDeleteRevision = "delete   from DeviceRevisions  where TavDevRevId = 1 ";
@@ -32,7 +34,10 @@ TEST_F(DeviceDelete, TakesTheRowsNumberedOneWhateverIsEntered) {
 
 TEST_F(DeviceDelete, RefusedRevisionRowLeavesBoth) {
     Execute("INSERT INTO DeviceRevisions VALUES (1, 2, '1', 0, 'R1', '')");
-    Execute("CREATE TRIGGER Keep BEFORE DELETE ON DeviceRevisions BEGIN SELECT RAISE(ABORT, 'kept'); END");
+    Execute(
+        "CREATE TABLE Keeper (Revision INTEGER, FOREIGN KEY (Revision) REFERENCES DeviceRevisions "
+        "(TavDevRevId))");
+    Execute("INSERT INTO Keeper VALUES (1)");
     EXPECT_FALSE(device_.Delete());
     EXPECT_THAT(Statements(), ElementsAre(kDeleteRevision));
     EXPECT_EQ(Rows("DeviceRevisions"), "1|2|1|0|R1|\n");
@@ -51,6 +56,10 @@ TEST_F(DeviceDelete, RefusedTypeRowIsReportedAfterTheRevisionRowIsGone) {
 
 class OldDeviceDelete : public OldDeviceRecord {
  protected:
+    void SetUp() override {
+        if (TestedProduct() == Product::Postgresql) GTEST_SKIP() << "double quotes are for names here";
+    }
+
     OldDeviceDelete() {
         Execute("INSERT INTO MfrIds VALUES (0, 'None')");
         Execute("INSERT INTO DevTypes VALUES (38, 1, 'T1'), (38, 10, 'T10'), (0, 0, 'T0')");
@@ -69,7 +78,7 @@ TEST_F(OldDeviceDelete, TakesTheRowsOfThePreviousIds) {
     EXPECT_TRUE(device_.Delete());
     EXPECT_THAT(Statements(), ElementsAre(kDeleteOldRevision, kDeleteOldType));
     EXPECT_EQ(Rows("PDevices"), "00000026000A0001|38|10|T10|1|1|5\n");
-    EXPECT_EQ(Rows("DevTypes"), "38|10|T10\n0|0|T0\n");
+    EXPECT_EQ(Rows("DevTypes"), "0|0|T0\n38|10|T10\n");
     EXPECT_THAT(Entries(), IsEmpty());
 }
 
@@ -87,11 +96,13 @@ TEST_F(OldDeviceDelete, TakesTheRowsOfZeroWithoutPreviousIds) {
 
 TEST_F(OldDeviceDelete, RefusedRevisionRowLeavesBoth) {
     Execute("INSERT INTO PDevices VALUES ('0000002600010001', 38, 1, 'T1', 1, 1, 5)");
-    Execute("CREATE TRIGGER Keep BEFORE DELETE ON PDevices BEGIN SELECT RAISE(ABORT, 'kept'); END");
+    Execute(
+        "CREATE TABLE Keeper (Revision VARCHAR(24), FOREIGN KEY (Revision) REFERENCES PDevices (UDevRevId))");
+    Execute("INSERT INTO Keeper VALUES ('0000002600010001')");
     EXPECT_FALSE(device_.Delete());
     EXPECT_THAT(Statements(), ElementsAre(kDeleteOldRevision));
     EXPECT_EQ(Rows("PDevices"), "0000002600010001|38|1|T1|1|1|5\n");
-    EXPECT_EQ(Rows("DevTypes"), "38|1|T1\n38|10|T10\n0|0|T0\n");
+    EXPECT_EQ(Rows("DevTypes"), "0|0|T0\n38|1|T1\n38|10|T10\n");
     EXPECT_THAT(Entries(), ElementsAre(DatabaseEntry("DEVdel-01")));
 }
 
@@ -101,8 +112,22 @@ TEST_F(OldDeviceDelete, RefusedTypeRowIsReportedAfterTheRevisionRowIsGone) {
     EXPECT_FALSE(device_.Delete());
     EXPECT_THAT(Statements(), ElementsAre(kDeleteOldRevision, kDeleteOldType));
     EXPECT_EQ(Rows("PDevices"), "0000002600010002|38|1|T1|2|1|5\n");
-    EXPECT_EQ(Rows("DevTypes"), "38|1|T1\n38|10|T10\n0|0|T0\n");
+    EXPECT_EQ(Rows("DevTypes"), "0|0|T0\n38|1|T1\n38|10|T10\n");
     EXPECT_THAT(Entries(), ElementsAre(DatabaseEntry("DEVdel-02")));
+}
+
+TEST_F(OldDeviceRecord, DeleteFailsAtItsFirstStepWhereDoubleQuotesAreForNames) {
+    if (TestedProduct() != Product::Postgresql) GTEST_SKIP() << "double quotes are for texts, too";
+    Execute("INSERT INTO DevTypes VALUES (38, 1, 'T1')");
+    Execute("INSERT INTO PDevices VALUES ('0000002600010001', 38, 1, 'T1', 1, 1, 5)");
+    device_.OManID = "26";
+    device_.ODevId = "1";
+    device_.ODevRev = "1";
+    EXPECT_FALSE(device_.Delete());
+    EXPECT_THAT(Statements(), ElementsAre(kDeleteOldRevision));
+    EXPECT_EQ(Rows("PDevices"), "0000002600010001|38|1|T1|1|1|5\n");
+    EXPECT_EQ(Rows("DevTypes"), "38|1|T1\n");
+    EXPECT_THAT(Entries(), ElementsAre(AllOf(DatabaseEntry("DEVdel-01"), HasSubstr("[42703] "))));
 }
 
 }  // namespace

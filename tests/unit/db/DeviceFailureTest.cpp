@@ -23,6 +23,7 @@ class DeviceTypeSearchFailure : public DeviceRecord, public testing::WithParamIn
 
 TEST_P(DeviceTypeSearchFailure, KeepsNoNumberAndWritesNothing) {
     LoosenTables();
+    MakeText("DeviceTypes", "TavDevTypeId");
     Execute(std::string("INSERT INTO DeviceTypes VALUES ") + GetParam().row);
     const std::string before = Rows("DeviceTypes");
     EXPECT_EQ(device_.TAVDevTypeID(), 0);
@@ -49,6 +50,7 @@ class DeviceRevisionSearchFailure : public DeviceRecord, public testing::WithPar
 
 TEST_P(DeviceRevisionSearchFailure, KeepsNoNumberAndWritesNothingMore) {
     LoosenTables();
+    MakeText("DeviceRevisions", "TavDevRevId");
     Execute("INSERT INTO DeviceTypes VALUES (4, 1, '10', 'T4', 'D4')");
     Execute(std::string("INSERT INTO DeviceRevisions VALUES ") + GetParam().row);
     const std::string before = Rows("DeviceRevisions");

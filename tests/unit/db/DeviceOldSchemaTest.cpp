@@ -76,7 +76,7 @@ TEST_F(OldDeviceRecord, RefusedRevisionLeavesTheNewType) {
     Execute("INSERT INTO PDevices VALUES ('00000026000A0001', 38, 11, 'Before', 1, 1, 5)");
     EXPECT_FALSE(device_.Insert());
     EXPECT_THAT(Statements(), ElementsAre(kNewType, kNewRevision));
-    EXPECT_EQ(Rows("DevTypes"), "38|11|Other\n38|10|Flow\n");
+    EXPECT_EQ(Rows("DevTypes"), "38|10|Flow\n38|11|Other\n");
     EXPECT_EQ(Rows("PDevices"), "00000026000A0001|38|11|Before|1|1|5\n");
     EXPECT_THAT(Entries(), ElementsAre(DatabaseEntry("DEVins-02")));
 }

@@ -35,7 +35,7 @@ TEST_F(DeviceRecord, NewTypeGetsARevisionRowEvenWhenTheRevisionIsFound) {
                 ElementsAre(kSearchTypes, kNewFlow, kSearchRevisions,
                             "INSERT INTO DeviceRevisions        (TavDevRevId, TavDevTypeId, DeviceRevision, "
                             "DeviceCategoryId, Name, Description) VALUES (5, 1, '1', 1, 'R1', 'First') "));
-    EXPECT_EQ(Rows("DeviceRevisions"), "5|1|1|1|Left|over\n5|1|1|1|R1|First\n");
+    EXPECT_EQ(Rows("DeviceRevisions", "5"), "5|1|1|1|Left|over\n5|1|1|1|R1|First\n");
 }
 
 TEST_F(DeviceRecord, NewRevisionOfKnownTypeAddsOnlyTheRevisionRow) {
@@ -98,6 +98,8 @@ TEST_F(DeviceRecord, TypeAndRevisionTextsAreComparedAsNumbers) {
 
 TEST_F(DeviceRecord, NumbersThatAreNoneAreLeftOutOfTheLargest) {
     LoosenTables();
+    MakeText("DeviceTypes", "TavDevTypeId");
+    MakeText("DeviceRevisions", "TavDevRevId");
     Execute(
         "INSERT INTO DeviceTypes VALUES (2, 1, '11', '', ''), (NULL, 1, '12', '', ''), ('x', 1, '13', '', "
         "'')");
@@ -156,8 +158,8 @@ TEST_F(DeviceRecord, SecondInsertOfANewOneRepeatsBothInsertsWithTheSameNumbers) 
             "VALUES (1, 1, '11', 'Flow', 'Flow meter') ",
             "INSERT INTO DeviceRevisions        (TavDevRevId, TavDevTypeId, DeviceRevision, "
             "DeviceCategoryId, Name, Description) VALUES (1, 1, '2', 1, 'R1', 'First') "));
-    EXPECT_EQ(Rows("DeviceTypes"), "1|1|10|Flow|Flow meter\n1|1|11|Flow|Flow meter\n");
-    EXPECT_EQ(Rows("DeviceRevisions"), "1|1|1|1|R1|First\n1|1|2|1|R1|First\n");
+    EXPECT_EQ(Rows("DeviceTypes", "3"), "1|1|10|Flow|Flow meter\n1|1|11|Flow|Flow meter\n");
+    EXPECT_EQ(Rows("DeviceRevisions", "3"), "1|1|1|1|R1|First\n1|1|2|1|R1|First\n");
 }
 
 TEST_F(DeviceRecord, SecondInsertOfAKnownOneChangesTheFirstOnesRows) {

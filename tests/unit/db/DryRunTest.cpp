@@ -242,7 +242,7 @@ TEST(DryRun, AFailingReadFailsAsInTheRealRun) {
 
 TEST(DryRun, TellsTheFactsOfTheConnectionBelow) {
     DbWorld world(DeviceSchema::Current, StatementMode::DryRun);
-    EXPECT_EQ(DatabaseOf(&world.Objects()).Facts().product, "SQLite");
+    EXPECT_EQ(DatabaseOf(&world.Objects()).Facts().product, NameOf(TestedProduct()));
 }
 
 }  // namespace

@@ -106,8 +106,11 @@ TEST_F(Lists, ANullNameIsAnEmptyItem) {
 }
 
 TEST_F(Lists, AnIdThatIsNoNumberEndsTheLoad) {
-    world_.Loosen({"DeviceProtocols", "MfrProtocols", "MajorDeviceCategories", "DeviceCategories"});
-    world_.Execute("UPDATE DeviceProtocols SET ProtocolId = NULL WHERE ProtocolId = 1");
+    world_.Loosen({"DeviceRevisions", "DeviceCategories", "MajorDeviceCategories", "DeviceTypes",
+                   "MfrProtocols", "DeviceProtocols"});
+    world_.Database().MakeText("DeviceProtocols", "ProtocolId");
+    world_.Database().MakeText("MajorDeviceCategories", "MajorDeviceCategoryId");
+    world_.Execute("UPDATE DeviceProtocols SET ProtocolId = NULL WHERE Name = 'Fieldbus'");
     EXPECT_FALSE(tavDB_.LoadProtocols(list_));
     world_.Execute("UPDATE MajorDeviceCategories SET MajorDeviceCategoryId = 'x' WHERE Name = 'Flow'");
     EXPECT_FALSE(tavDB_.LoadCategories(list_, 8));
@@ -128,8 +131,7 @@ TEST_F(Lists, WithoutAConnectionNothingIsLoaded) {
 }
 
 TEST_F(Lists, TheFirstLoadThatFailsLeavesTheListsAfterItEmpty) {
-    world_.Execute("PRAGMA foreign_keys=OFF");
-    world_.Execute("DROP TABLE MajorDeviceCategories");
+    world_.Database().DropTable("MajorDeviceCategories");
     ItemList major;
     ItemList minor;
     EXPECT_FALSE(LoadReferenceLists(tavDB_, list_, major, minor));
@@ -141,8 +143,7 @@ TEST_F(Lists, TheFirstLoadThatFailsLeavesTheListsAfterItEmpty) {
 }
 
 TEST_F(Lists, AFailingProtocolLoadRunsNoOther) {
-    world_.Execute("PRAGMA foreign_keys=OFF");
-    world_.Execute("DROP TABLE DeviceProtocols");
+    world_.Database().DropTable("DeviceProtocols");
     ItemList major;
     ItemList minor;
     EXPECT_FALSE(LoadReferenceLists(tavDB_, list_, major, minor));

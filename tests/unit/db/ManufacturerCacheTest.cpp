@@ -56,7 +56,7 @@ TEST_F(ManufacturerRecord, SecondInsertWithAnotherIdUsesTheFirstOnesNumbers) {
                                           "Description) VALUES (1, 'New', 'Acme Inc') ",
                                           "INSERT INTO MfrProtocols        (MfrProtocolId, TavMfrNameId, "
                                           "ProtocolId, MfrId) VALUES (1, 1, 1, '39') "));
-    EXPECT_EQ(Rows("MfrProtocols"), "1|1|1|38\n1|1|1|39\n");
+    EXPECT_EQ(Rows("MfrProtocols", "4"), "1|1|1|38\n1|1|1|39\n");
 }
 
 TEST_F(ManufacturerRecord, SecondInsertWithAnotherIdRenamesAKnownFirstOne) {

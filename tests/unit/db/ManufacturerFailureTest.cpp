@@ -20,6 +20,8 @@ class ManufacturerSearchFailure : public ManufacturerRecord, public testing::Wit
 
 TEST_P(ManufacturerSearchFailure, KeepsNoNumberAndWritesNothing) {
     LoosenTables();
+    MakeText("MfrProtocols", "MfrProtocolId");
+    MakeText("MfrProtocols", "TavMfrNameId");
     Execute(std::string("INSERT INTO MfrProtocols VALUES ") + GetParam().row);
     const std::string before = Rows("MfrProtocols");
     EXPECT_EQ(manufacturer_.MfrProtocolID(), 0);

@@ -66,7 +66,7 @@ TEST_P(ManufacturerNumbers, ComeFromTheProtocolTableOnly) {
     EXPECT_TRUE(manufacturer_.Insert());
     EXPECT_THAT(Statements(), ElementsAreArray(GetParam().statements));
     EXPECT_EQ(Rows("Manufacturers"), GetParam().manufacturers);
-    EXPECT_EQ(Rows("MfrProtocols"), "2|4|1|38\n7|4|2|38\n3|9|1|17\n" + GetParam().protocols);
+    EXPECT_EQ(Rows("MfrProtocols"), "2|4|1|38\n3|9|1|17\n7|4|2|38\n" + GetParam().protocols);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "'Acme Inc') ",
                    "INSERT INTO MfrProtocols        (MfrProtocolId, TavMfrNameId, ProtocolId, MfrId) VALUES "
                    "(8, 10, 1, '39') "},
-                  "4|M4|D4\n9|M9|D9\n25|M25|D25\n10|Acme|Acme Inc\n",
+                  "4|M4|D4\n9|M9|D9\n10|Acme|Acme Inc\n25|M25|D25\n",
                   "8|10|1|39\n"},
         NumberRow{"OtherKnownWithAnotherProtocol",
                   "11",
@@ -154,6 +154,8 @@ TEST_F(ManufacturerRecord, SearchYieldsOncePerRow) {
 
 TEST_F(ManufacturerRecord, NumbersThatAreNoneAreLeftOutOfTheLargest) {
     LoosenTables();
+    MakeText("MfrProtocols", "MfrProtocolId");
+    MakeText("MfrProtocols", "TavMfrNameId");
     Execute("INSERT INTO MfrProtocols VALUES (3, 5, 1, '17'), (NULL, NULL, 1, '18'), ('x', 'y', 1, '19')");
     EXPECT_EQ(manufacturer_.MfrProtocolID(), 4);
     EXPECT_EQ(manufacturer_.TAVMfrNameID, 6);

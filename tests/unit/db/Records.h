@@ -63,13 +63,18 @@ class RecordWorld : public testing::Test {
         world_.Loosen({"DeviceRevisions", "DeviceTypes", "MfrProtocols", "Manufacturers"});
     }
 
+    /// Lets a column of these tables hold what is no number.
+    void MakeText(const std::string& table, const std::string& column) {
+        world_.Database().MakeText(table, column);
+    }
+
     void Execute(std::string_view sql) { world_.Execute(sql); }
     std::vector<std::string> Statements() { return world_.Statements(); }
     std::vector<std::string> Entries() { return world_.Entries(); }
 
-    /// All rows of a table in the order of their writing.
-    std::string Rows(const std::string& table) {
-        return world_.Rows("SELECT * FROM " + table + " ORDER BY rowid");
+    /// All rows of a table, by their first two columns unless told otherwise.
+    std::string Rows(const std::string& table, const std::string& order = "1, 2") {
+        return world_.Rows("SELECT * FROM " + table + " ORDER BY " + order);
     }
 
     /// The bound values of all records added to open tables so far: "name=number" or "name='text'" each.

@@ -25,8 +25,8 @@ class Update : public testing::Test {
         return tavDB;
     }
 
-    std::string Rows(const std::string& table) {
-        return world_.Rows("SELECT * FROM " + table + " ORDER BY rowid");
+    std::string Rows(const std::string& table, const std::string& order = "1, 2") {
+        return world_.Rows("SELECT * FROM " + table + " ORDER BY " + order);
     }
 
     DbWorld world_;
@@ -152,7 +152,7 @@ TEST_F(Update, SecondManufacturerInTheSameFacadeGetsTheFirstOnesNumbersWhereNoKe
                     "Description) VALUES (1, 1, '10', 'Flow', 'Flow meter') ",
                     "INSERT INTO DeviceRevisions        (TavDevRevId, TavDevTypeId, DeviceRevision, "
                     "DeviceCategoryId, Name, Description) VALUES (1, 1, '1', 1, 'R1', 'First') "));
-    EXPECT_EQ(Rows("MfrProtocols"), "1|1|1|38\n1|1|1|39\n");
+    EXPECT_EQ(Rows("MfrProtocols", "4"), "1|1|1|38\n1|1|1|39\n");
 }
 
 TEST_F(Update, SecondManufacturerInAFreshFacadeAfterAReconnectGetsTheNextNumbers) {
@@ -210,7 +210,7 @@ TEST_F(OldUpdate, FailingManufacturerLeavesTheDeviceTablesUntouched) {
 }
 
 TEST_F(OldUpdate, FailingDeviceLeavesTheManufacturersRow) {
-    world_.Execute("DROP TABLE PDevices");
+    world_.Database().DropTable("PDevices");
     EXPECT_FALSE(tavDB_->Update());
     EXPECT_EQ(Rows("MfrIds"), "38|Acme\n");
     EXPECT_EQ(Rows("DevTypes"), "38|10|Flow\n");

@@ -10,9 +10,7 @@
 
 namespace ventlock::test {
 
-enum class Product { Postgresql, Mariadb };
-
-/// The running server; one of each is started for the whole program.
+/// The running server of a product that has one; one of each is started for the whole program.
 DatabaseServer& ServerOf(Product product);
 
 /// A test that runs on every server.
