@@ -59,7 +59,8 @@ std::optional<std::vector<std::string>> ListAt(std::string_view text, std::size_
     return items;
 }
 
-/// The column that a result column stands for: the word before " AS <column>", else itself.
+/// The column that a result column stands for: the word before " AS <column>", else itself. All in upper
+/// case, because some databases give the names of result columns in a letter case of their own.
 std::string_view SourceColumn(std::string_view select, std::string_view column) {
     const std::string alias = " AS " + std::string(column);
     for (std::size_t at = select.find(alias); at != std::string_view::npos; at = select.find(alias, at + 1)) {
@@ -99,7 +100,8 @@ std::unique_ptr<Recordset> DryRunConnection::OpenRecordset(std::string_view sour
     for (const Row& row : found->second) {
         std::vector<std::optional<std::string_view>> cells;
         for (const std::string& column : rows->Columns()) {
-            const auto value = row.find(UpperCase(SourceColumn(source, column)));
+            const std::string name = UpperCase(column);
+            const auto value = row.find(std::string(SourceColumn(upper, name)));
             cells.push_back(value == row.end() ? std::nullopt
                                                : std::optional<std::string_view>(value->second));
         }
