@@ -22,6 +22,7 @@ class MockDriver {
     void WaitForHanging(int calls);
     int Cancels();
     int Executions();
+    int ReadOnlyConnections();
 
  private:
     template <class Function>

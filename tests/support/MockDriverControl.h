@@ -17,4 +17,7 @@ int MockCancels();
 
 /// Statements executed since MockReset.
 int MockExecutions();
+
+/// Connections that were asked to be read-only since MockReset.
+int MockReadOnlyConnections();
 }

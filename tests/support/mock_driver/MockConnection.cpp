@@ -106,8 +106,12 @@ SQLRETURN SQL_API SQLGetInfoW(SQLHDBC /*unused*/, SQLUSMALLINT kind, SQLPOINTER 
     return result;
 }
 
-SQLRETURN SQL_API SQLSetConnectAttrW(SQLHDBC /*unused*/, SQLINTEGER /*unused*/, SQLPOINTER /*unused*/,
+SQLRETURN SQL_API SQLSetConnectAttrW(SQLHDBC /*unused*/, SQLINTEGER attribute, SQLPOINTER value,
                                      SQLINTEGER /*unused*/) {
+    if (attribute == SQL_ATTR_ACCESS_MODE && reinterpret_cast<SQLULEN>(value) == SQL_MODE_READ_ONLY) {
+        const std::lock_guard lock(State().mutex);
+        ++State().readOnlyConnections;
+    }
     return SQL_SUCCESS;
 }
 

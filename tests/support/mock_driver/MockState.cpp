@@ -12,7 +12,7 @@ Shared& State() {
 }
 
 Manner MannerOf(const std::u16string& connect) {
-    static const std::array<std::pair<std::u16string_view, Manner>, 14> kWords{{
+    static const std::array<std::pair<std::u16string_view, Manner>, 15> kWords{{
         {u"hangs_in_connect", Manner::HangsInConnect},
         {u"hangs_in_execute", Manner::HangsInExecute},
         {u"hangs_until_cancelled", Manner::HangsUntilCancelled},
@@ -27,6 +27,7 @@ Manner MannerOf(const std::u16string& connect) {
         {u"small_blocks", Manner::SmallBlocks},
         {u"long_cell", Manner::LongCell},
         {u"refuses_connect", Manner::RefusesConnect},
+        {u"hangs_in_fetch", Manner::HangsInFetch},
     }};
     for (const auto& [word, manner] : kWords) {
         if (connect.find(word) != std::u16string::npos) return manner;
@@ -55,6 +56,7 @@ void MockReset() {
     State().released = false;
     State().cancels = 0;
     State().executions = 0;
+    State().readOnlyConnections = 0;
 }
 
 void MockWaitForHanging(int calls) {
@@ -70,4 +72,9 @@ int MockCancels() {
 int MockExecutions() {
     const std::lock_guard lock(State().mutex);
     return State().executions;
+}
+
+int MockReadOnlyConnections() {
+    const std::lock_guard lock(State().mutex);
+    return State().readOnlyConnections;
 }

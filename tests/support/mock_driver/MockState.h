@@ -34,6 +34,7 @@ enum class Manner {
     SmallBlocks,            ///< five rows of one column, never more than two at a time
     LongCell,               ///< one row of a column that is said to be short and is not
     RefusesConnect,         ///< and repeats the connect string with its password
+    HangsInFetch,           ///< until MockRelease; there is no row
 };
 
 struct Environment {};
@@ -67,6 +68,7 @@ struct Shared {
     int hanging = 0;
     int cancels = 0;
     int executions = 0;
+    int readOnlyConnections = 0;
 };
 Shared& State();
 

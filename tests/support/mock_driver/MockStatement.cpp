@@ -52,6 +52,7 @@ SQLRETURN Execute(Statement& statement) {
             return Fail(statement, {{"HY000", 9, u"Gone"}});
         case Manner::SmallBlocks:
         case Manner::LongCell:
+        case Manner::HangsInFetch:
             statement.hasRows = true;
             return SQL_SUCCESS;
         default:
@@ -147,6 +148,7 @@ SQLRETURN SQL_API SQLBindCol(SQLHSTMT handle, SQLUSMALLINT /*unused*/, SQLSMALLI
 
 SQLRETURN SQL_API SQLFetch(SQLHSTMT handle) {
     auto& statement = *static_cast<Statement*>(handle);
+    if (statement.connection->manner == Manner::HangsInFetch) HangUntil([] { return State().released; });
     const std::vector<std::u16string> rows = RowsOf(statement.connection->manner);
     if (statement.nextRow >= rows.size()) return SQL_NO_DATA;
     const std::size_t count = std::min<std::size_t>(statement.rowArraySize, rows.size() - statement.nextRow);

@@ -44,6 +44,10 @@ int MockDriver::Executions() {
     return Find<decltype(MockExecutions)>("MockExecutions")();
 }
 
+int MockDriver::ReadOnlyConnections() {
+    return Find<decltype(MockReadOnlyConnections)>("MockReadOnlyConnections")();
+}
+
 template <class Function>
 Function* MockDriver::Find(const char* name) {
     void* symbol = dlsym(handle_, name);

@@ -84,6 +84,26 @@ TEST_F(HangingDriver, AChangeThatWasCarriedOutAfterAllIsASuccessAndAReadingIsNot
                      "[HY008] The call was cancelled (0)"}));
 }
 
+TEST_F(HangingDriver, AReadingThatIsFinishedAfterItsLimitIsAFailure) {
+    struct Releasing final : IEvents {
+        MockDriver* driver = nullptr;
+        std::chrono::steady_clock::time_point at;
+        void Yield() override {
+            if (driver != nullptr && std::chrono::steady_clock::now() >= at) driver->Release();
+        }
+    };
+    Releasing events;
+    const auto engine = CreateOdbcEngine(events, kShort);
+    const auto connection =
+        engine->CreateWorkspace("", "sa", "", WorkspaceType::Odbc)
+            ->OpenConnection("", std::nullopt, false, driver_.ConnectString("hangs_in_fetch"));
+    events.at = std::chrono::steady_clock::now() + kShort.query + kShort.grace / 4;
+    events.driver = &driver_;
+    EXPECT_EQ(DiagnosticsOf([&] { Snapshot(*connection, "x"); }),
+              Texts{"[HYT00] The database did not answer within 0.3 s (0)"});
+    EXPECT_EQ(driver_.Executions(), 1);
+}
+
 TEST_F(HangingDriver, ADriverThatHangsInDisconnectingHoldsNobodyUp) {
     auto connection = engine_.Open(driver_.ConnectString("hangs_in_disconnect"));
     const milliseconds time = TimeOf([&] { connection.reset(); });

@@ -10,11 +10,25 @@
 #include <exception>
 #include <iostream>
 
+#ifdef VENTLOCK_COVERAGE
+extern "C" {
+#include <gcov.h>
+}
+#endif
+
 namespace ventlock::test {
 namespace {
 
 constexpr int kThrown = 255;
 constexpr uid_t kNobody = 65534;
+
+/// Ends the child without what its parent has prepared for an end.
+[[noreturn]] void Leave(int code) {
+#ifdef VENTLOCK_COVERAGE
+    __gcov_dump();
+#endif
+    _exit(code);
+}
 
 int Run(const std::function<int()>& work) {
     try {
@@ -28,7 +42,7 @@ int Run(const std::function<int()>& work) {
 }  // namespace
 
 Child::Child(const std::function<int()>& work) : process_(fork()) {
-    if (process_ == 0) _exit(Run(work));
+    if (process_ == 0) Leave(Run(work));
     EXPECT_GT(process_, 0) << "no process could be made";
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <syslog.h>
 #include <unistd.h>
 
@@ -24,6 +25,7 @@
 #include "platform/posix/PosixEventLog.h"
 #include "platform/posix/PosixProcess.h"
 #include "support/TempFolder.h"
+#include "support/posix/NoMoreThreads.h"
 #include "unit/platform/posix/ProcessState.h"
 
 namespace ventlock::test {
@@ -171,6 +173,20 @@ TEST(PosixProcess, TheProgramGetsNoneOfOurOpenFiles) {
     std::ifstream(folder / "pipe") >> answer;
     EXPECT_EQ(answer, "closed");
     close(ours);
+}
+
+TEST(PosixProcess, StartsAProgramThoughNoThreadCanWaitForIt) {
+    TempFolder folder;
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    WriteScript(folder / "viewer", "#!/bin/sh\necho $$ > '" + folder / "pipe" + "'\n");
+    {
+        const NoMoreThreads none;
+        EXPECT_TRUE(PosixProcess().Start(folder / "viewer"));
+    }
+    pid_t process = 0;
+    std::ifstream(folder / "pipe") >> process;
+    ASSERT_GT(process, 0);
+    EXPECT_EQ(waitpid(process, nullptr, 0), process);  // nobody else has
 }
 
 TEST(PosixProcess, AProgramThatCannotBeStartedIsFalse) {
