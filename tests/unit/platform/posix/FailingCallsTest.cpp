@@ -39,6 +39,20 @@ TEST(FailingCalls, ALockFileThatCannotBeLookedAtIsReported) {
     EXPECT_EQ(NumberRaisedBy([&] { files.Lock(folder / "a.ini"); }), 57);
 }
 
+TEST(FailingCalls, AGroupThatCannotBeKeptForAnotherReasonThanRightsIsReported) {
+    TempFolder folder;
+    WriteBytes(folder / "a.ini", "old");
+    FileCalls calls = SystemFileCalls();
+    calls.fchown = [](int /*descriptor*/, uid_t user, gid_t /*group*/) {
+        errno = user == static_cast<uid_t>(-1) ? EIO : EPERM;
+        return -1;
+    };
+    PosixFiles files(std::chrono::milliseconds(30), calls);
+    EXPECT_EQ(NumberRaisedBy([&] { files.Replace(folder / "a.ini", "new"); }), 57);
+    EXPECT_EQ(ReadBytes(folder / "a.ini"), "old");
+    EXPECT_EQ(folder.Listing(), "a.ini");
+}
+
 TEST(FailingCalls, AStoreThatVanishesWhileItIsOpenedIsNotFound) {
     TempFolder folder;
     PosixFiles files;
