@@ -9,6 +9,7 @@ endif()
 
 option(VENTLOCK_SANITIZE "Build with the address and undefined behaviour sanitizers" OFF)
 option(VENTLOCK_FUZZ "Build the fuzz targets for clang's fuzzer, and nothing but what they need" OFF)
+option(VENTLOCK_COVERAGE "Have the programs count which lines and branches they run" OFF)
 
 add_library(ventlock_flags INTERFACE)
 target_include_directories(ventlock_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -31,6 +32,11 @@ endif()
 if(VENTLOCK_FUZZ)
     # What the fuzzer is guided by: which branches an input takes. Its own main comes with the targets in tests/fuzz.
     target_compile_options(ventlock_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+if(VENTLOCK_COVERAGE)
+    # Atomic: statements run on threads of their own.
+    target_compile_options(ventlock_flags INTERFACE --coverage -fprofile-update=atomic -fprofile-abs-path)
+    target_link_options(ventlock_flags INTERFACE --coverage)
 endif()
 
 # ventlock_library(<folder> SOURCES <file>... [USES <library>...])
