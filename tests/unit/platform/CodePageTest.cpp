@@ -42,6 +42,8 @@ TEST(CodePage, AByteThatStandsForNothingBecomesTheCharacterOfItsNumber) {
               "a\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D"
               "b");
     EXPECT_EQ(page.Encode("\xC2\x81"), "\x81");
+    EXPECT_EQ(CodePage(1253).Decode("\x9F"), "\xC2\x9F");
+    EXPECT_EQ(CodePage(1253).Encode("\xC2\x9F"), "\x9F");
 }
 
 TEST(CodePage, ACharacterThatThePageLacksIsRefusedAndNeverReplaced) {

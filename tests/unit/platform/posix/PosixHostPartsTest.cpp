@@ -9,11 +9,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <clocale>
 #include <csignal>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <utility>
@@ -212,6 +214,15 @@ TEST(PosixProcess, AProgramThatCannotBeStartedIsFalse) {
 
 TEST(CodePage, OfFilesThatSayNothingIsTheWesternOne) {
     EXPECT_EQ(CodePage::SystemDefault().Number(), 1252);
+}
+
+TEST(CodePage, OfAsciiIsNotThatOfTheUsersLanguage) {
+    const std::string before = std::setlocale(LC_CTYPE, nullptr);
+    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+    std::optional<std::string> bytes = "none";
+    std::thread([&] { bytes = CodePage(20127).Encode("ü"); }).join();  // another thread knows no page yet
+    EXPECT_EQ(bytes, std::nullopt);
+    std::setlocale(LC_CTYPE, before.c_str());
 }
 
 TEST(Host, GivesItsPartsAndTouchesNoFile) {
