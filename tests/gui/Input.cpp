@@ -47,8 +47,12 @@ void PressKey(int key, int modifiers) {
 
 void Click(wxWindow& control) {
     const wxSize size = control.GetClientSize();
+    ClickAt(control.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
+}
+
+void ClickAt(const wxPoint& place) {
     wxUIActionSimulator simulator;
-    simulator.MouseMove(control.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
+    simulator.MouseMove(place);
     simulator.MouseClick();
 }
 

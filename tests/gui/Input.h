@@ -25,4 +25,7 @@ void PressKey(int key, int modifiers = 0);
 /// Clicks the middle of a control with the real mouse.
 void Click(wxWindow& control);
 
+/// Clicks a place of the screen with the real mouse.
+void ClickAt(const wxPoint& place);
+
 }  // namespace ventlock::test

@@ -1,0 +1,52 @@
+#include "stress/Watchdog.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstdlib>
+#include <iostream>
+#include <mutex>
+
+namespace ventlock::test {
+namespace {
+
+constexpr int kBetweenBeatsMs = 10;
+constexpr std::chrono::seconds kBetweenLooks{1};
+constexpr std::chrono::seconds kHang{120};
+
+}  // namespace
+
+Watchdog::Watchdog() : thread_([this](const std::stop_token& stop) { Watch(stop); }) {
+    timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Beat(); });
+    timer_.Start(kBetweenBeatsMs);
+}
+
+void Watchdog::Begin() {
+    longest_ = Clock::duration::zero();
+    last_ = Clock::now();
+    isWatching_ = true;
+}
+
+std::chrono::milliseconds Watchdog::End() {
+    Beat();
+    isWatching_ = false;
+    return std::chrono::duration_cast<std::chrono::milliseconds>(longest_);
+}
+
+void Watchdog::Beat() {
+    const Clock::time_point now = Clock::now();
+    longest_ = std::max(longest_, now - last_.load());
+    last_ = now;
+}
+
+void Watchdog::Watch(const std::stop_token& stop) const {
+    std::mutex mutex;
+    std::condition_variable_any looks;
+    std::unique_lock lock(mutex);
+    while (!looks.wait_for(lock, stop, kBetweenLooks, [&] { return stop.stop_requested(); })) {
+        if (!isWatching_ || Clock::now() - last_.load() < kHang) continue;
+        std::cerr << "the window's thread hangs\n";
+        std::abort();
+    }
+}
+
+}  // namespace ventlock::test
