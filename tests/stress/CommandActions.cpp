@@ -51,6 +51,10 @@ void Run(User& user, const WriteCommand& command) {
 }
 
 void Write(User& user) {
+    if (user.Decide().OneIn(2)) {
+        user.Note("a full entry");
+        user.FillEntry();
+    }
     DecideForTarget(user);
     Run(user, DecideForWrite(user));
 }
@@ -121,6 +125,7 @@ void CommandsWhileBusy(User& user) {
 }
 
 void CloseWhileBusy(User& user) {
+    user.NameGoodFiles();
     Meanwhile(user, [&] { user.Window().Close(); });
 }
 

@@ -4,16 +4,42 @@
 #include <glib-object.h>
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 namespace ventlock::test {
 namespace {
 
-void TakeMessage(const gchar* domain, GLogLevelFlags level, const gchar* text, gpointer /*data*/) {
-    if ((level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR)) != 0) {
-        ADD_FAILURE() << (domain != nullptr ? domain : "") << ": " << text;
-    }
+/// The toolkit's help window gives its scroll bars no room when it comes and goes.
+constexpr const char* kNoRoomForScrollbar =
+    "gtk_box_gadget_distribute: assertion 'size >= 0' failed in GtkScrollbar";
+
+/// What was logged under a key of a structured message.
+std::string FieldOf(const GLogField* fields, gsize count, const char* key) {
+    for (gsize i = 0; i < count; ++i)
+        if (std::strcmp(fields[i].key, key) == 0) return static_cast<const char*>(fields[i].value);
+    return {};
+}
+
+GLogWriterOutput TakeMessage(GLogLevelFlags level, const GLogField* fields, gsize count, gpointer data) {
+    if ((level & (G_LOG_LEVEL_CRITICAL | G_LOG_LEVEL_ERROR)) == 0)
+        return g_log_writer_default(level, fields, count, data);
+    const std::string text = FieldOf(fields, count, "MESSAGE");
+    if (text == kNoRoomForScrollbar) return G_LOG_WRITER_HANDLED;
+    ADD_FAILURE() << FieldOf(fields, count, "GLIB_DOMAIN") << ": " << text;
+    return G_LOG_WRITER_HANDLED;
 }
 
 }  // namespace
+
+void PickItem(wxWindow& list, int item) {
+    g_object_set(list.GetHandle(), "active", item, nullptr);
+}
+
+wxHtmlHelpFrame* HelpWindow() {
+    for (wxWindow* window : wxTopLevelWindows)
+        if (auto* frame = dynamic_cast<wxHtmlHelpFrame*>(window)) return frame;
+    return nullptr;
+}
 
 // GTK is in the process with the toolkit, but its headers are no part of what the program is built with.
 void UseTheme(const std::string& name) {
@@ -24,7 +50,7 @@ void UseTheme(const std::string& name) {
 }
 
 void FailOnCriticals() {
-    g_log_set_default_handler(TakeMessage, nullptr);
+    g_log_set_writer_func(TakeMessage, nullptr, nullptr);
 }
 
 }  // namespace ventlock::test

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <wx/html/helpfrm.h>
+
 #include <string>
 
 namespace ventlock::test {
@@ -7,7 +9,14 @@ namespace ventlock::test {
 /// Changes the desktop's theme, as its user would in the desktop's settings.
 void UseTheme(const std::string& name);
 
-/// Makes every assertion of the toolkit's own ground that does not hold (GLib, GTK) a failed test.
+/// Chooses an item of a drop-down list as a click on it does.
+void PickItem(wxWindow& list, int item);
+
+/// The help window that is open, nullptr when none is.
+wxHtmlHelpFrame* HelpWindow();
+
+/// Makes every assertion of the toolkit's own ground that does not hold (GLib, GTK) a failed test, but for
+/// one of the toolkit's help window.
 void FailOnCriticals();
 
 }  // namespace ventlock::test

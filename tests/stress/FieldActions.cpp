@@ -1,38 +1,14 @@
 // Typing and choosing.
 
-#include <glib-object.h>
-
 #include <array>
 
 #include "gui/Input.h"
 #include "stress/Actions.h"
+#include "stress/Desktop.h"
 #include "ui/WxText.h"
 
 namespace ventlock::test {
 namespace {
-
-/// A usable entry, by the text boxes it goes to.
-constexpr std::pair<std::size_t, const char*> kEntry[] = {
-    {kManufacturerIdBox, "26"}, {kManufacturerNameBox, "Acme"}, {kDeviceIdBox, "0A"},
-    {kDeviceNameBox, "Flow"},   {kDllBox, "Dev.dll"},           {kTemplateBox, "Dev.mrg"}};
-
-/// Opens no list, but chooses as a click on its item does.
-void Pick(wxWindow& box, int item) {
-    g_object_set(box.GetHandle(), "active", item, nullptr);
-}
-
-void ToggleVersion(User& user, int index) {
-    wxListBox& box = user.Controls().lstTAVVersionSupport->Box();
-    if (box.IsSelected(index)) {
-        box.Deselect(index);
-    } else {
-        box.SetSelection(index);
-    }
-    wxCommandEvent event(wxEVT_LISTBOX, box.GetId());
-    event.SetEventObject(&box);
-    event.SetInt(index);
-    box.HandleWindowEvent(event);
-}
 
 void ReplaceText(User& user) {
     wxTextCtrl& box = user.Box().Box();
@@ -63,12 +39,7 @@ void TypeIntoBox(User& user) {
 }
 
 void FillEntry(User& user) {
-    for (const auto& [box, text] : kEntry) user.Fill(box, text);
-    for (EditableList* list :
-         {user.Controls().cboDevRev.get(), user.Controls().cboDDRev.get(), user.Controls().cboHARTRev.get()})
-        Pick(list->Combo(), 1 + user.Decide().Below(20));
-    const VersionField& versions = *user.Controls().lstTAVVersionSupport;
-    if (versions.Count() > 0 && !versions.IsSelected(0)) ToggleVersion(user, 0);
+    user.FillEntry();
 }
 
 void TypeIntoList(User& user) {
@@ -92,7 +63,7 @@ void PickFromList(User& user) {
     if (list == nullptr || list->Count() == 0) return;
     const int item = user.Decide().Below(list->Count());
     user.Note(std::to_string(item));
-    Pick(list->Combo(), item);
+    PickItem(list->Combo(), item);
 }
 
 void PickByArrow(User& user) {
@@ -111,7 +82,7 @@ void PickProtocol(User& user) {
     if (list.Count() == 0 || !list.Box().IsEnabled()) return;
     const int item = user.Decide().Below(list.Count());
     user.Note(std::to_string(item));
-    Pick(list.Box(), item);
+    PickItem(list.Box(), item);
 }
 
 void ToggleAnyVersion(User& user) {
@@ -119,7 +90,7 @@ void ToggleAnyVersion(User& user) {
     if (count == 0) return;
     const int index = user.Decide().Below(count);
     user.Note(std::to_string(index));
-    ToggleVersion(user, index);
+    user.ToggleVersion(index);
 }
 
 void ToggleVersionByKeys(User& user) {

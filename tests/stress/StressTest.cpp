@@ -23,9 +23,10 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr int kFirstSeed = 20'211;
-constexpr int kUsualSequences = 3;
+constexpr int kUsualSequences = 2;
 constexpr int kUsualActions = 60;
 constexpr int kUsualLimitMs = 10'000;
+constexpr std::size_t kNotedLength = 60;  // of a message
 
 int Asked(const char* name, int usual) {
     const char* const given = std::getenv(name);
@@ -46,14 +47,21 @@ class Stress : public testing::Test {
             trail.Add(action.name);
             Do(action, user);
         }
-        if (HasFailure()) trail.Print(std::cerr);
+        if (HasFailure()) {
+            trail.Print(std::cerr);
+        } else if (isRepeated_) {
+            trail.Print(std::cout);
+        }
     }
 
     void Do(const Action& action, User& user) {
         StressWorld& world = user.World();
+        std::vector<FakeMessageBox::Message>& messages = world.Machine().messages.messages;
+        messages.clear();
         watchdog_.Begin();
         action.run(user);
         Pump();
+        for (const auto& message : messages) user.Note("[" + message.text.substr(0, kNotedLength) + "]");
         if (user.Window().IsUnloading()) {
             user.Note("and start again");
             world.ExpectSavedAndStartAgain();
@@ -70,9 +78,9 @@ class Stress : public testing::Test {
         longest = std::max(longest, lasted);
     }
 
-    void PrintSummary(int sequences) {
-        std::cout << "sequences " << played_ << " of " << sequences << ", actions " << actions_ << ", checks "
-                  << checks_;
+    void PrintSummary() {
+        std::cout << "sequences " << played_ << " of " << sequences_ << ", actions " << actions_
+                  << ", checks " << checks_;
         const auto longest =
             std::max_element(longest_.begin(), longest_.end(),
                              [](const auto& a, const auto& b) { return a.second < b.second; });
@@ -83,6 +91,9 @@ class Stress : public testing::Test {
             RecordProperty(name + ", longest in ms", static_cast<int>(lasted.count()));
     }
 
+    const bool isRepeated_ =
+        std::getenv("VENTLOCK_SEED") != nullptr && std::getenv("VENTLOCK_SEQUENCES") == nullptr;
+    const int sequences_ = isRepeated_ ? 1 : Asked("VENTLOCK_SEQUENCES", kUsualSequences);
     const int actionsEach_ = Asked("VENTLOCK_ACTIONS", kUsualActions);
     const milliseconds limit_{Asked("VENTLOCK_LIMIT_MS", kUsualLimitMs)};
     Watchdog watchdog_;
@@ -94,12 +105,10 @@ class Stress : public testing::Test {
 
 TEST_F(Stress, LeavesEveryControlAsTheRulesAsk) {
     FailOnCriticals();
-    const bool isRepeated = std::getenv("VENTLOCK_SEED") != nullptr;
     const int firstSeed = Asked("VENTLOCK_SEED", kFirstSeed);
-    const int sequences = isRepeated ? 1 : Asked("VENTLOCK_SEQUENCES", kUsualSequences);
-    for (; played_ < sequences && !HasFailure(); ++played_)
+    for (; played_ < sequences_ && !HasFailure(); ++played_)
         Play(static_cast<std::uint32_t>(firstSeed + played_));
-    PrintSummary(sequences);
+    PrintSummary();
 }
 
 }  // namespace

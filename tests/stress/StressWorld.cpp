@@ -4,7 +4,6 @@
 #include <wx/app.h>
 #include <wx/filesys.h>
 #include <wx/fs_arc.h>
-#include <wx/html/helpfrm.h>
 
 #include <filesystem>
 #include <future>
@@ -14,18 +13,13 @@
 #include "db/SchemaVersion.h"
 #include "entry/ResourceNames.h"
 #include "gui/Input.h"
+#include "stress/Desktop.h"
 #include "ui/modMain.h"
 
 namespace ventlock::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-wxHtmlHelpFrame* HelpWindow() {
-    for (wxWindow* window : wxTopLevelWindows)
-        if (auto* frame = dynamic_cast<wxHtmlHelpFrame*>(window)) return frame;
-    return nullptr;
-}
 
 void ReadHelpBooks() {
     static const bool isAdded = (wxFileSystem::AddHandler(new wxArchiveFSHandler), true);

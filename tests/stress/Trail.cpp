@@ -29,7 +29,8 @@ Trail::~Trail() {
 }
 
 void Trail::Print(std::ostream& out) const {
-    out << "VENTLOCK_SEED=" << seed_ << " repeats this sequence:\n";
+    out << "VENTLOCK_SEED=" << seed_ << " VENTLOCK_ACTIONS=" << actions_.size()
+        << " repeats this sequence:\n";
     for (std::size_t i = 0; i < actions_.size(); ++i) out << "  " << i + 1 << ". " << actions_[i] << '\n';
     out << std::flush;
 }

@@ -6,6 +6,7 @@
 
 #include "gui/Commands.h"
 #include "gui/Input.h"
+#include "stress/Desktop.h"
 #include "ui/WxText.h"
 
 namespace ventlock::test {
@@ -13,8 +14,23 @@ namespace {
 
 constexpr std::size_t kLongText = 5000;
 constexpr int kMarkKey = WXK_F12;  // means nothing to the window
-constexpr int kBetweenMarksMs = 1000;
+constexpr int kAWhileMs = 1000;
 constexpr int kMarks = 20;
+constexpr int kRaises = 20;
+
+/// A usable entry, by the text boxes it goes to.
+constexpr std::pair<std::size_t, const char*> kEntry[] = {
+    {kManufacturerIdBox, "26"}, {kManufacturerNameBox, "Acme"}, {kDeviceIdBox, "0A"},
+    {kDeviceNameBox, "Flow"},   {kDllBox, "Dev.dll"},           {kTemplateBox, "Dev.mrg"}};
+
+/// Dispatches events until `done`; False when that takes longer than a while.
+bool WaitAWhile(const std::function<bool()>& done) {
+    for (const wxStopWatch watch; watch.Time() < kAWhileMs; wxMilliSleep(1)) {
+        wxTheApp->Yield(true);
+        if (done()) return true;
+    }
+    return false;
+}
 
 /// The letter that a menu shows as a key for an item.
 char LetterOf(const wxMenuItem& item) {
@@ -110,6 +126,34 @@ void User::Fill(std::size_t box, const std::string& text) {
     if (control.IsEnabled()) control.SetValue(ToWx(text));
 }
 
+void User::ToggleVersion(int index) {
+    wxListBox& box = Controls().lstTAVVersionSupport->Box();
+    if (box.IsSelected(index)) {
+        box.Deselect(index);
+    } else {
+        box.SetSelection(index);
+    }
+    wxCommandEvent event(wxEVT_LISTBOX, box.GetId());
+    event.SetEventObject(&box);
+    event.SetInt(index);
+    box.HandleWindowEvent(event);
+}
+
+void User::FillEntry() {
+    for (const auto& [box, text] : kEntry) Fill(box, text);
+    for (EditableList* list :
+         {Controls().cboDevRev.get(), Controls().cboDDRev.get(), Controls().cboHARTRev.get()})
+        PickItem(list->Combo(), 1 + dice_.Below(20));
+    const VersionField& versions = *Controls().lstTAVVersionSupport;
+    if (versions.Count() > 0 && !versions.IsSelected(0)) ToggleVersion(0);
+}
+
+void User::NameGoodFiles() {
+    if (dice_.OneIn(3)) return;
+    Fill(kDDInstallPathBox, world_.Machine().DDInstallPath());
+    Fill(kIniPathBox, world_.Machine().PyxPath());
+}
+
 bool User::TakeKeyboard(wxWindow& control) {
     frmMain& window = Window();
     if (window.IsIconized()) {
@@ -117,7 +161,13 @@ bool User::TakeKeyboard(wxWindow& control) {
         if (!WaitUntil("the window to be restored", [&] { return !window.IsIconized(); })) return false;
     }
     ShowTabOf(window, control);
-    return ReadyToType(control);
+    for (int i = 0; i < kRaises; ++i) {
+        window.Raise();  // the window manager does not heed every wish
+        control.SetFocus();
+        if (WaitAWhile([&] { return window.IsActive() && wxWindow::FindFocus() == &control; })) return true;
+    }
+    ADD_FAILURE() << "the window does not get the keyboard";
+    return false;
 }
 
 // A key that comes last tells that those before it have come. It is pressed again when it was lost to a box.
@@ -126,11 +176,9 @@ void User::Press(const std::function<void()>& press) {
     const Mark mark(window);
     press();
     for (int i = 0; i < kMarks; ++i) {
+        if (i > 0) window.Raise();  // from behind a help window
         PressKey(kMarkKey);
-        for (const wxStopWatch watch; watch.Time() < kBetweenMarksMs; wxMilliSleep(1)) {
-            wxTheApp->Yield(true);
-            if (window.IsUnloading() || (mark.IsSeen() && !window.IsBusy())) return;
-        }
+        if (WaitAWhile([&] { return window.IsUnloading() || (mark.IsSeen() && !window.IsBusy()); })) return;
         PressKey(WXK_ESCAPE);  // out of a menu
     }
     ADD_FAILURE() << "the window takes no keys any more";

@@ -2,6 +2,7 @@
 
 #include <wx/event.h>
 
+#include <functional>
 #include <string>
 
 #include "stress/Dice.h"
@@ -36,8 +37,17 @@ class User {
     /// An editable list that can be used, its tab in front; nullptr when the one that was decided for cannot.
     EditableList* List();
 
-    /// Puts a text into a text box as a paste of it does; Nothing happens to a box that cannot be used.
+    /// Puts a text into a text box as a paste of it does; nothing happens to a box that cannot be used.
     void Fill(std::size_t box, const std::string& text);
+
+    /// Selects or deselects a version as a click on it does.
+    void ToggleVersion(int index);
+
+    /// Makes the entry one that every write command takes.
+    void FillEntry();
+
+    /// Names the target files that can be written, most of the time.
+    void NameGoodFiles();
 
     /// Brings the window to the front and gives a control the keyboard.
     bool TakeKeyboard(wxWindow& control);

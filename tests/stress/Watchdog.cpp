@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <cstdint>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <mutex>
 
@@ -13,6 +15,15 @@ constexpr int kBetweenBeatsMs = 10;
 constexpr std::chrono::seconds kBetweenLooks{1};
 constexpr std::chrono::seconds kHang{120};
 
+/// How long this thread has waited for a processor so far, as the system counts it; 0 where it does not.
+std::chrono::nanoseconds WaitedForProcessor() {
+    std::ifstream statistics("/proc/thread-self/schedstat");
+    std::int64_t run = 0;
+    std::int64_t waited = 0;
+    statistics >> run >> waited;
+    return std::chrono::nanoseconds(waited);
+}
+
 }  // namespace
 
 Watchdog::Watchdog() : thread_([this](const std::stop_token& stop) { Watch(stop); }) {
@@ -22,6 +33,7 @@ Watchdog::Watchdog() : thread_([this](const std::stop_token& stop) { Watch(stop)
 
 void Watchdog::Begin() {
     longest_ = Clock::duration::zero();
+    waited_ = WaitedForProcessor();
     last_ = Clock::now();
     isWatching_ = true;
 }
@@ -34,7 +46,9 @@ std::chrono::milliseconds Watchdog::End() {
 
 void Watchdog::Beat() {
     const Clock::time_point now = Clock::now();
-    longest_ = std::max(longest_, now - last_.load());
+    const Clock::duration waited = WaitedForProcessor();
+    longest_ = std::max(longest_, now - last_.load() - (waited - waited_));
+    waited_ = waited;
     last_ = now;
 }
 

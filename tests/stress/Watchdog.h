@@ -10,7 +10,8 @@
 namespace ventlock::test {
 
 /// Measures how long the window's thread goes without looking for events, which is how long the window does
-/// not answer; and ends the process when that never ends.
+/// not answer; and ends the process when that never ends. What other programs take of the processor meanwhile
+/// does not count.
 class Watchdog {
  public:
     Watchdog();
@@ -31,6 +32,7 @@ class Watchdog {
 
     wxTimer timer_;
     Clock::duration longest_{0};
+    Clock::duration waited_{0};  ///< for a processor, until last_
     std::atomic<Clock::time_point> last_ = Clock::now();
     std::atomic<bool> isWatching_ = false;
     std::jthread thread_;  // last, so that it sees the other members made

@@ -88,6 +88,7 @@ void ChangeState(User& user) {
 }
 
 void Close(User& user) {
+    user.NameGoodFiles();
     switch (user.Decide().Below(4)) {
         case 0:
             return user.ChooseItem('F', *user.Window().Menu().mnuExit);
