@@ -45,7 +45,7 @@ StateModel::StateModel(frmMain& window)
 
 void StateModel::WatchFields() {
     const auto evaluated = [this](wxCommandEvent& event) {
-        isEvaluated_ = true;
+        TakeEvaluation();
         event.Skip();
     };
     for (const auto& field : controls_.txtMain) field->Box().Bind(wxEVT_TEXT, evaluated);
@@ -61,7 +61,7 @@ void StateModel::WatchFields() {
 // A text that the list knows already is no change.
 void StateModel::OnText(EditableList& list) {
     list.Combo().Bind(wxEVT_TEXT, [this, &list](wxCommandEvent& event) {
-        if (FromWx(list.Combo().GetValue()) != list.Text()) isEvaluated_ = true;
+        if (FromWx(list.Combo().GetValue()) != list.Text()) TakeEvaluation();
         event.Skip();
     });
 }
@@ -119,6 +119,15 @@ void StateModel::TakeClear() {
     form_.cboDeviceProtocol.index = form_.cboDeviceCategory.index = -1;
     form_.cboDeviceCategory.text.clear();
     isMajorDeselected_ = true;
+}
+
+// Under the old schema the minor category stays as it was, which a change to that schema may have found it in
+// just after an evaluation.
+void StateModel::TakeEvaluation() {
+    isEvaluated_ = true;
+    const ControlStateSet rules =
+        ControlStates(controls_.Read(), window_.SchemaVersion(), window_.IsConnected());
+    if (rules.cboMinorCategory.enabled) isMinorEnabled_ = *rules.cboMinorCategory.enabled;
 }
 
 void StateModel::TakeMessage(const std::string& text) {

@@ -43,6 +43,7 @@ class StateModel {
     void TakeClear();
     void TakeSwitch() { isEvaluated_ = true; }
 
+    void TakeEvaluation();
     void TakeChanges();
     [[nodiscard]] ControlStateSet Rules() const;
     void Expect(const std::string& what, bool isAsExpected, const std::string& is,
