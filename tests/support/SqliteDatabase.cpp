@@ -1,6 +1,7 @@
 #include "support/SqliteDatabase.h"
 
 #include <memory>
+#include <sstream>
 
 namespace ventlock::test {
 
@@ -22,6 +23,19 @@ void SqliteDatabase::DropTable(const std::string& table) {
     Execute("PRAGMA foreign_keys=OFF");
     Execute("DROP TABLE " + table);
     Execute("PRAGMA foreign_keys=ON");
+}
+
+// A table's columns cannot be changed here: it is made anew.
+void SqliteDatabase::MakeText(const std::string& table, const std::string& column) {
+    std::istringstream names(Rows("SELECT name FROM pragma_table_info('" + table + "')"));
+    std::string columns;
+    for (std::string name; std::getline(names, name);) {
+        columns += columns.empty() ? "" : ", ";
+        columns += name == column ? "CAST(" + name + " AS TEXT) AS " + name : name;
+    }
+    Execute("CREATE TABLE loose AS SELECT " + columns + " FROM " + table);
+    DropTable(table);
+    Execute("ALTER TABLE loose RENAME TO " + table);
 }
 
 }  // namespace ventlock::test

@@ -27,9 +27,7 @@ class SqliteDatabase final : public DeviceDatabase {
 
     [[nodiscard]] std::string OwnName() const override { return DriversFile(); }
     void DropTable(const std::string& table) override;
-
-    /// Columns here take any text as they are.
-    void MakeText(const std::string& /*table*/, const std::string& /*column*/) override {}
+    void MakeText(const std::string& table, const std::string& column) override;
 
     /// Locks are on the whole file.
     void Lock(const std::string& /*table*/) override { Lock(); }

@@ -14,7 +14,7 @@ namespace ventlock::test {
 Product TestedProduct();
 
 /// A device database of that product. Its server is started for the first one and ends with the process;
-/// SQLite's driver waits 200 ms for a locked file.
+/// SQLite's driver waits at least 600 ms for a locked file.
 /// @param dataSource  the data source's name, omitted: one that no other has had
 std::unique_ptr<DeviceDatabase> NewDeviceDatabase(DeviceSchema schema = DeviceSchema::Current,
                                                   const std::string& dataSource = "");

@@ -33,10 +33,10 @@ PostgresServer::PostgresServer() {
 
 void PostgresServer::Start() {
     const std::string data = folder_ / "data";
-    process_ =
-        std::make_unique<ServerProcess>(kAccount.Running({ProgramFolder() + "/postgres", "-D", data, "-k",
-                                                          data, "-c", "listen_addresses=", "-F"}),
-                                        "ready to accept connections");
+    process_ = std::make_unique<ServerProcess>(
+        kAccount.Running({ProgramFolder() + "/postgres", "-D", data, "-k", data, "-c",
+                          "listen_addresses=", "-F", "-c", "full_page_writes=off", "-c", "autovacuum=off"}),
+        "ready to accept connections");
     first_ = Connect("postgres");
 }
 

@@ -37,7 +37,7 @@ DatabaseServer& TestedServer() {
 std::unique_ptr<DeviceDatabase> NewDeviceDatabase(DeviceSchema schema, const std::string& dataSource) {
     if (TestedProduct() != Product::Sqlite)
         return std::make_unique<ServerDatabase>(TestedServer(), schema, dataSource);
-    return std::make_unique<SqliteDatabase>(schema, OdbcFolder::Settings{{"Timeout", "200"}}, dataSource);
+    return std::make_unique<SqliteDatabase>(schema, OdbcFolder::Settings{{"Timeout", "600"}}, dataSource);
 }
 
 }  // namespace ventlock::test

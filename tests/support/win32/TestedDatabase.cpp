@@ -10,7 +10,7 @@ Product TestedProduct() {
 }
 
 std::unique_ptr<DeviceDatabase> NewDeviceDatabase(DeviceSchema schema, const std::string& dataSource) {
-    return std::make_unique<SqliteDatabase>(schema, OdbcFolder::Settings{{"Timeout", "200"}}, dataSource);
+    return std::make_unique<SqliteDatabase>(schema, OdbcFolder::Settings{{"Timeout", "600"}}, dataSource);
 }
 
 }  // namespace ventlock::test
