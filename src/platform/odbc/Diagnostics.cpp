@@ -71,8 +71,9 @@ std::vector<std::string> DiagnosticTexts(const std::vector<Diagnostic>& diagnost
 }
 
 bool TellsBrokenLink(const std::vector<Diagnostic>& diagnostics) {
-    return std::any_of(diagnostics.begin(), diagnostics.end(),
-                       [](const Diagnostic& diagnostic) { return diagnostic.state.rfind("08", 0) == 0; });
+    return std::any_of(diagnostics.begin(), diagnostics.end(), [](const Diagnostic& diagnostic) {
+        return diagnostic.state.starts_with("08") || diagnostic.state.starts_with("57P0");
+    });
 }
 
 }  // namespace ventlock::odbc

@@ -27,7 +27,9 @@ std::string DiagnosticText(const Diagnostic& diagnostic);
 std::vector<std::string> DiagnosticTexts(const std::vector<Diagnostic>& diagnostics,
                                          const std::vector<std::string>& passwords);
 
-/// True when one of the states says that the link to the database is broken (class 08).
+/// True when one of the states says that the link to the database is broken: class 08, or a server's own
+/// words that it ends or has ended (57P01 to 57P05 of PostgreSQL, whose driver does not always turn them into
+/// 08S01).
 bool TellsBrokenLink(const std::vector<Diagnostic>& diagnostics);
 
 }  // namespace ventlock::odbc
