@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/Casing.h"
+#include "platform/odbc/DriverLibrary.h"
 
 namespace ventlock::odbc {
 
@@ -16,8 +17,9 @@ bool Mention(const std::vector<std::string>& diagnostics, std::initializer_list<
 }
 
 bool TellOtherWordSize(const std::vector<std::string>& diagnostics) {
-    return std::any_of(diagnostics.begin(), diagnostics.end(),
-                       [](const std::string& record) { return record.starts_with("[IM014]"); });
+    return std::any_of(diagnostics.begin(), diagnostics.end(), [](const std::string& record) {
+        return record.starts_with("[IM014]") || NamesLibraryOfOtherWordSize(record);
+    });
 }
 
 bool TellDuplicate(const std::vector<std::string>& diagnostics) {
