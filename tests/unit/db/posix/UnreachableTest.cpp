@@ -1,6 +1,6 @@
 // Data sources whose driver or database cannot be had.
 
-#include "platform/odbc/DriverAdvice.h"
+#include "platform/odbc/DriverAnswers.h"
 #include "support/DriverAnswers.h"
 #include "support/OdbcFolder.h"
 #include "support/TempFolder.h"
