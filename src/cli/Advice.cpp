@@ -8,13 +8,19 @@ namespace {
 
 using odbc::Mention;
 
+/// Who waits for a lock is ended by the program, by the driver or by the server.
+bool TellLock(const std::vector<std::string>& diagnostics) {
+    return Mention(diagnostics, {"locked", "busy", "lock wait timeout", "[HYT00]", "[HYT01]", "[57014]",
+                                 "[55P03]", "[40P01]", "[40001]"});
+}
+
 constexpr const char* kLockedAdvice =
     "Another program holds the database. End it or wait until it is done, then run the command again.";
 
 }  // namespace
 
 std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOpen) {
-    if (Mention(diagnostics, {"locked", "busy", "HYT00", "HYT01"})) return kLockedAdvice;
+    if (TellLock(diagnostics)) return kLockedAdvice;
     if (isOpen && diagnostics.empty()) {
         return "The database's schema is not one that this version knows. Use a database of schema 1.x or an "
                "older one.";
@@ -31,11 +37,19 @@ std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOp
         return "List the known ones with \"ventlock-cli database sources\", or make one with \"ventlock-cli "
                "database create\". One that is listed names a driver that is not installed.";
     }
+    if (Mention(diagnostics, {"[SQLite]connect failed", "unknown database", "FATAL:  database"})) {
+        return "The database that the data source names is not there, or may not be opened. Correct the data "
+               "source, or make the database.";
+    }
     return "Check that the database server runs and lets the user \"sa\" in without a password.";
 }
 
 std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool isOldSchema) {
-    if (Mention(diagnostics, {"locked", "busy", "HYT00"})) return kLockedAdvice;
+    if (TellLock(diagnostics)) return kLockedAdvice;
+    if (Mention(diagnostics, {"[08", "[57P0", "lost connection", "write error", "gone away"})) {
+        return "The connection to the database was lost. Check that its server runs, then run the command "
+               "again.";
+    }
     if (Mention(diagnostics, {"readonly", "read-only", "permission", "denied"})) {
         return "The database is read-only for this user. Get the right to write to it.";
     }
