@@ -120,6 +120,15 @@ TEST(ControlStates, ChooseNoCategoryWhenTheListsAreEmpty) {
     EXPECT_EQ(states.cboMinorCategory, kDisabledFaceNone);
 }
 
+TEST(ControlStates, ChooseTheOnlyCategoryOfAList) {
+    EntryForm form = FormOfProtocol(0);
+    form.cboDeviceCategory.itemCount = 1;
+    form.cboMinorCategory.itemCount = 1;
+    const ControlStateSet states = ControlStates(form, kCurrentSchema, true);
+    EXPECT_EQ(states.cboDeviceCategory, kDisabledFaceItem0);
+    EXPECT_EQ(states.cboMinorCategory, kDisabledFaceItem0);
+}
+
 TEST(ControlStates, LeaveTheColourOfTheDescriptionsAloneAfterTheOldSchema) {
     const ControlStateSet before = ControlStates(FormOfProtocol(0), kOldSchema, true);
     const ControlStateSet after = ControlStates(FormOfProtocol(0), kCurrentSchema, true);
