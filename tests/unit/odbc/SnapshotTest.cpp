@@ -101,15 +101,6 @@ TEST(Snapshot, CharactersOutsideTheCodePageArriveUnchanged) {
     EXPECT_EQ(RowsOf(*rows), "Müller Ω 中 \U0001F527|Жук\n");
 }
 
-TEST(Snapshot, TheCharactersOnBothSidesOfTheEndOfAsciiArriveUnchanged) {
-    SqliteDatabase database;
-    database.Execute("INSERT INTO Manufacturers VALUES (1, '\x7F', '\xC2\x80')");
-    Engine engine;
-    const auto connection = engine.Open(database.ConnectString());
-    EXPECT_EQ(RowsOf(*Snapshot(*connection, "SELECT Name, Description FROM Manufacturers")),
-              "\x7F|\xC2\x80\n");
-}
-
 TEST(Snapshot, BlanksOfATextAreKept) {
     SqliteDatabase database;
     database.Execute("INSERT INTO Manufacturers VALUES (1, ' a  ', '  ')");
