@@ -76,9 +76,11 @@ const std::string_view kFlowDdinstal =
 
 namespace {
 
-/// Passed on to the program when they are set: what the sanitizers and the dynamic linker need.
-constexpr const char* kInheritedVariables[] = {"PATH",         "TMPDIR",       "LD_LIBRARY_PATH",
-                                               "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS"};
+/// Passed on to the program when they are set: what the sanitizers, the dynamic linker and a mutation run
+/// need.
+constexpr const char* kInheritedVariables[] = {
+    "PATH",         "TMPDIR",        "LD_LIBRARY_PATH", "ASAN_OPTIONS",
+    "LSAN_OPTIONS", "UBSAN_OPTIONS", "VENTLOCK_MUTANT", "VENTLOCK_MUTANTS_SEEN"};
 
 std::string Described(const fs::directory_entry& entry) {
     const auto mode = static_cast<unsigned>(entry.symlink_status().permissions());

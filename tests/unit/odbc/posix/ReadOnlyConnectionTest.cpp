@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "support/Fakes.h"
 #include "support/MockDriver.h"
@@ -12,10 +13,10 @@ namespace {
 
 TEST(ReadOnlyConnection, IsWhatTheDriverIsAskedForAndNoOther) {
     MockDriver driver(VENTLOCK_MOCK_DRIVER);
+    const std::string connect = driver.ConnectString("obedient");
     FakeEvents events;
     const auto engine = CreateOdbcEngine(events, {});
     const auto workspace = engine->CreateWorkspace("", "sa", "", WorkspaceType::Odbc);
-    const std::string connect = driver.ConnectString("obedient");
     workspace->OpenConnection("", std::nullopt, false, connect);
     EXPECT_EQ(driver.ReadOnlyConnections(), 0);
     workspace->OpenConnection("", std::nullopt, true, connect);
