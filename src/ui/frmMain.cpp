@@ -159,6 +159,7 @@ void frmMain::RunCommand(const std::function<void()>& body) {
     if (isBusy_ || isUnloading_) return;
     {
         const Busy busy(isBusy_);
+        focusedBefore_ = wxWindow::FindFocus();
         body();
     }
     if (isClosePending_) CallAfter([this] { Close(); });

@@ -188,6 +188,7 @@ class frmMain final : public wxFrame {
     bool hasCaptions_ = false;  ///< the dictionary's texts are there
     bool entriesChanged_ = false;
     bool isBusy_ = false;
+    const wxWindow* focusedBefore_ = nullptr;  ///< who had the keyboard when the command began
     bool isClosePending_ = false;
     bool isUnloading_ = false;
 };

@@ -27,6 +27,14 @@ std::string SelectedText(const wxTextEntry& text) {
     return FromWx(text.GetRange(begin, end));
 }
 
+/// Gives the keyboard to the next button that can be used, since a disabled one would keep it to itself. The
+/// toolkit's own navigation does nothing in a window that a box has been in front of just now.
+void PassKeyboardOn(const wxButton& button) {
+    wxWindow* next = button.GetNextSibling();
+    while (next != nullptr && !next->CanAcceptFocus()) next = next->GetNextSibling();
+    if (next != nullptr) next->SetFocus();
+}
+
 /// A menu's caption as a dialog's title.
 wxString TitleOf(const wxMenuItem& item) {
     wxString title = item.GetItemLabelText();
@@ -77,7 +85,9 @@ void frmMain::ReportWritten(bool isWritten, const char* goodKey, const char* bad
         return;
     }
     services_.messages.Show(GetString(goodKey), "", {});
-    if (button.HasFocus()) button.Navigate();  // a disabled button would keep the keyboard to itself
+    // Just behind a box the toolkit knows of nobody who has the keyboard.
+    const wxWindow* focused = wxWindow::FindFocus();
+    if ((focused != nullptr ? focused : focusedBefore_) == &button) PassKeyboardOn(button);
     item.Enable(false);
     button.Enable(false);
 }
