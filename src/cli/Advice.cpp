@@ -10,8 +10,8 @@ using odbc::Mention;
 
 /// Who waits for a lock is ended by the program, by the driver or by the server.
 bool TellLock(const std::vector<std::string>& diagnostics) {
-    return Mention(diagnostics, {"locked", "busy", "lock wait timeout", "[HYT00]", "[HYT01]", "[57014]",
-                                 "[55P03]", "[40P01]", "[40001]"});
+    return Mention(diagnostics,
+                   {"locked", "busy", "lock wait timeout", "[HYT00]", "[HYT01]", "[57014]", "[55P03]"});
 }
 
 constexpr const char* kLockedAdvice =
