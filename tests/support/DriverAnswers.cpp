@@ -67,7 +67,7 @@ const std::vector<RefusalRow>& Refusals() {
         {Refusal::LostConnection,
          "The server was killed since the last statement",
          {},
-         {"57P01", 1, "server closed the connection unexpectedly"},
+         {"08S01", 35, "The connection has been lost"},
          {"08S01", 2006, "Server has gone away"}},
         {Refusal::CutSnapshot,
          "The connection ends while rows are read",

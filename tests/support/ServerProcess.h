@@ -41,6 +41,8 @@ class ServerProcess {
     ServerProcess(const ServerProcess&) = delete;
     ServerProcess& operator=(const ServerProcess&) = delete;
 
+    void Send(int signal) const;
+
     /// Sends the signal and waits until the server has ended.
     void End(int signal);
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <sstream>
 
 namespace ventlock::test {
 namespace {
@@ -41,9 +42,15 @@ void PostgresServer::Start() {
 }
 
 void PostgresServer::Kill() {
+    // Each connection has a process of its own. The first process stands still until they are gone, because
+    // it would have them tell their clients, and ends all others in its turn.
+    std::istringstream processes(
+        first_->Rows("SELECT pid FROM pg_stat_activity WHERE backend_type = 'client backend'"));
+    process_->Send(SIGSTOP);
+    for (pid_t process = 0; processes >> process;) EXPECT_EQ(kill(process, SIGKILL), 0);
     first_.reset();
-    // The first process passes this on to those of its connections; killed itself, it would leave them.
-    process_->End(SIGQUIT);
+    process_->Send(SIGQUIT);
+    process_->End(SIGCONT);
 }
 
 OdbcFolder::Settings PostgresServer::SettingsFor(const std::string& database) const {

@@ -110,8 +110,12 @@ ServerProcess::~ServerProcess() {
     if (process_ != -1) End(SIGTERM);
 }
 
+void ServerProcess::Send(int signal) const {
+    EXPECT_EQ(kill(process_, signal), 0);
+}
+
 void ServerProcess::End(int signal) {
-    kill(process_, signal);
+    Send(signal);
     int status = -1;
     waitpid(process_, &status, 0);
     process_ = -1;

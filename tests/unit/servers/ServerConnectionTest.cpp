@@ -154,7 +154,7 @@ TEST_P(ServerConnection, TellsItsFacts) {
 }
 
 INSTANTIATE_TEST_SUITE_P(On, ServerConnection, ::testing::Values(Product::Postgresql, Product::Mariadb),
-                         NameOf);
+                         SuffixOf);
 
 }  // namespace
 }  // namespace ventlock::test

@@ -39,7 +39,7 @@ DatabaseServer& ServerOf(Product product) {
     return kServers->Of(product);
 }
 
-std::string NameOf(const ::testing::TestParamInfo<Product>& info) {
+std::string SuffixOf(const ::testing::TestParamInfo<Product>& info) {
     return info.param == Product::Postgresql ? "Postgresql" : "Mariadb";
 }
 

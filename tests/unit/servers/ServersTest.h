@@ -20,6 +20,6 @@ class OnServer : public ::testing::TestWithParam<Product> {
     [[nodiscard]] DatabaseServer& Server() const { return ServerOf(GetParam()); }
 };
 
-std::string NameOf(const ::testing::TestParamInfo<Product>& info);
+std::string SuffixOf(const ::testing::TestParamInfo<Product>& info);
 
 }  // namespace ventlock::test

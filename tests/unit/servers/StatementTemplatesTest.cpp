@@ -159,7 +159,7 @@ TEST_P(StatementTemplates, StoreAndDeleteTheRecordsOfTheOldSchema) {
 }
 
 INSTANTIATE_TEST_SUITE_P(On, StatementTemplates, ::testing::Values(Product::Postgresql, Product::Mariadb),
-                         NameOf);
+                         SuffixOf);
 
 }  // namespace
 }  // namespace ventlock::test
