@@ -16,6 +16,7 @@ import sample
 import trial
 
 GOAL = 90  # percent
+MOST_SHOWN = 3000  # characters of what a program says
 ENOUGH_FOR_ALL = 100  # of so many changes every program runs some
 FOLDERS = ("core", "db", "files", "entry", "platform")
 SEEN = ("failed", "timeout")
@@ -68,7 +69,7 @@ def made(build, programs, sample_size, workers):
     for _, program in programs:
         said = program.measure()
         if said is not None:
-            sys.exit(f"{program.name} fails without a change:\n{said}")
+            sys.exit(f"{program.name} fails without a change:\n{said[:MOST_SHOWN]}")
         print(f"{program.name}: {program.seconds:.0f} s, reaches {len(program.reached)} changes", flush=True)
         if program.reached and program.answer("all") == "passed":
             sys.exit(f"{program.name} passes with every change at once: the switch does not work")

@@ -24,7 +24,7 @@ class Program:
     def run(self, environment, limit):
         """Runs it in folders of its own: the exit code, -1 when it takes longer than `limit` seconds; and what it said."""
         folder = tempfile.mkdtemp(prefix="ventlock-mutant.")
-        os.chmod(folder, 0o755)  # some tests run as another user
+        os.chmod(folder, 0o1777)  # as of /tmp: some tests, and the servers, run as another user
         own = {"TMPDIR": folder, "HOME": folder, "ODBCINI": f"{folder}/odbc.ini"}
         for kind in ("CONFIG", "STATE", "CACHE", "DATA"):
             own[f"XDG_{kind}_HOME"] = folder
