@@ -9,7 +9,7 @@
 namespace ventlock::test {
 namespace {
 
-/// The toolkit's help window gives its scroll bars no room when it comes and goes.
+/// GTK's own: a scrolled window that comes up has no room for its bars yet.
 constexpr const char* kNoRoomForScrollbar =
     "gtk_box_gadget_distribute: assertion 'size >= 0' failed in GtkScrollbar";
 
@@ -33,6 +33,12 @@ GLogWriterOutput TakeMessage(GLogLevelFlags level, const GLogField* fields, gsiz
 
 void PickItem(wxWindow& list, int item) {
     g_object_set(list.GetHandle(), "active", item, nullptr);
+}
+
+bool IsOnScreen(wxWindow& window) {
+    gboolean isVisible = FALSE;
+    g_object_get(window.GetHandle(), "visible", &isVisible, nullptr);
+    return isVisible != FALSE;
 }
 
 wxHtmlHelpFrame* HelpWindow() {

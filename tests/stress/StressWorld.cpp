@@ -148,7 +148,7 @@ void StressWorld::ExpectConnection() {
 
 void StressWorld::ExpectSavedAndStartAgain() {
     EXPECT_FALSE(Window().IsBusy());
-    EXPECT_FALSE(Window().IsShown());
+    EXPECT_FALSE(IsOnScreen(Window()));
     EXPECT_TRUE(gbTerminate);
     EXPECT_FALSE(answers_.IsOpen()) << "a box";
     ExpectStored();
