@@ -7,6 +7,7 @@
 #include "core/modLocalization.h"
 #include "db/SchemaVersion.h"
 #include "entry/FileFilters.h"
+#include "ui/FieldLook.h"
 #include "ui/WxText.h"
 #include "ui/frmAbout.h"
 #include "ui/frmMain.h"
@@ -25,14 +26,6 @@ std::string SelectedText(const wxTextEntry& text) {
     long end = 0;
     text.GetSelection(&begin, &end);
     return FromWx(text.GetRange(begin, end));
-}
-
-/// Gives the keyboard to the next button that can be used, since a disabled one would keep it to itself. The
-/// toolkit's own navigation does nothing in a window that a box has been in front of just now.
-void PassKeyboardOn(const wxButton& button) {
-    wxWindow* next = button.GetNextSibling();
-    while (next != nullptr && !next->CanAcceptFocus()) next = next->GetNextSibling();
-    if (next != nullptr) next->SetFocus();
 }
 
 /// A menu's caption as a dialog's title.
