@@ -47,7 +47,9 @@ void PressKey(int key, int modifiers) {
 
 void Click(wxWindow& control) {
     const wxSize size = control.GetClientSize();
-    ClickAt(control.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
+    wxUIActionSimulator simulator;  // first: it waits a little, and a new window finds its place meanwhile
+    simulator.MouseMove(control.ClientToScreen(wxPoint(size.x / 2, size.y / 2)));
+    simulator.MouseClick();
 }
 
 void ClickAt(const wxPoint& place) {
