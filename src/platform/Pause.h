@@ -4,8 +4,6 @@
 #include <functional>
 #include <thread>
 
-#include "platform/IEvents.h"
-
 namespace ventlock {
 
 /// What is done between two tries while another program is in the way: waits for the time given.
@@ -17,14 +15,6 @@ inline constexpr std::chrono::milliseconds kLockPatience = std::chrono::seconds(
 /// Lets the thread sleep.
 inline void SleepFor(std::chrono::milliseconds time) {
     std::this_thread::sleep_for(time);
-}
-
-/// Sleeps and lets pending window events run; `events` must outlive the pause.
-inline Pause PauseWith(IEvents& events) {
-    return [&events](std::chrono::milliseconds time) {
-        SleepFor(time);
-        events.Yield();
-    };
 }
 
 }  // namespace ventlock

@@ -7,6 +7,7 @@
 #include "core/TavDictionary.h"
 #include "core/clsLog.h"
 #include "platform/QuitRequest.h"
+#include "platform/YieldingPause.h"
 #include "platform/odbc/OdbcEngine.h"
 #include "ui/frmMain.h"
 #include "ui/modMain.h"
@@ -30,7 +31,7 @@ bool VentlockApp::OnInit() {
     wxFileSystem::AddHandler(new wxArchiveFSHandler);
     SetExitOnFrameDelete(false);
     // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
-    host_ = CreateHost("ventlock", PauseWith(events_));
+    host_ = CreateHost("ventlock", YieldingPause(events_));
     messages_ = std::make_unique<WindowMessages>(host_->AppInfo(), help_);
     files_ = std::make_unique<RelativeFiles>(host_->Files(), host_->Paths(), host_->Paths().ProgramFolder());
     try {

@@ -9,6 +9,7 @@
 #include "core/clsSettings.h"
 #include "core/modLocalization.h"
 #include "gui/Input.h"
+#include "platform/YieldingPause.h"
 #include "platform/odbc/OdbcEngine.h"
 #include "ui/modMain.h"
 
@@ -38,7 +39,7 @@ WindowEvents GuiWorld::MakeEvents() {
 
 void GuiWorld::Furnish(const std::string& dataSource) {
     gbTerminate = false;
-    host.pause = PauseWith(events_);
+    host.pause = YieldingPause(events_);
     host.paths.programFolder = folder_ / "program";
     fs::create_directory(host.paths.programFolder);
     for (const char* name : {"QorStandard.dct", "Ventlock.dct"})
