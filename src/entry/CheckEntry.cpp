@@ -23,6 +23,9 @@ struct HexField {
 constexpr auto kHexFields =
     std::to_array<HexField>({{"ManID", 6}, {"DevID", 4}, {"DevRev", 2}, {"DDRev", 2}, {"ProtRev", 0}});
 
+/// Hexadecimal digits of the largest number that is exact in every target.
+constexpr std::size_t kMostDigits = 13;
+
 constexpr std::array<std::string_view, 3> kIdFields = {"ProtID", "DevCatID", "DevMinCatID"};
 
 /// Texts that go into statements of the database, quoted as they are.
@@ -105,6 +108,10 @@ class Checker {
             if (text.find_first_not_of("0123456789ABCDEFabcdef") != std::string::npos) {
                 Add(Severity::Error, field.key, "hex-digits",
                     Quoted(text) + " is no hexadecimal number; use the digits 0 to 9 and A to F only");
+            } else if (text.size() > kMostDigits) {
+                Add(Severity::Error, field.key, "too-large",
+                    Quoted(text) + " has more than " + std::to_string(kMostDigits) +
+                        " digits; no target keeps such a number");
             } else if (field.width != 0 && text.size() > field.width && context_.targets.ddInstall) {
                 Add(Severity::Warning, field.key, "too-wide",
                     Quoted(text) + " has more than " + std::to_string(field.width) +

@@ -98,6 +98,11 @@ INSTANTIATE_TEST_SUITE_P(
         Rule{"DevID", kDDInstall, kCurrentSchema,
              "[A]\nManID=1\nManName=A\nDevID=12345\nDevName=F\nDLLName=d\nTemplateName=t\n",
              "4 warning too-wide: " + WideFinding("DevID", "12345", 4)},
+        Rule{"RevisionOfMoreDigitsThanANumberKeeps", kAll, kCurrentSchema, kGood + "ProtRev=12345678901234\n",
+             "8 error too-large: ProtRev \"12345678901234\" has more than 13 digits; no target keeps such a "
+             "number\n"},
+        Rule{"RevisionOfAsManyDigitsAsANumberKeeps", kAll, kCurrentSchema, kGood + "ProtRev=1234567890123\n",
+             ""},
         Rule{"DevRev", kAll, kCurrentSchema, kGood + "DevRev=001\n",
              "8 warning too-wide: " + WideFinding("DevRev", "001", 2)},
         Rule{"DDRev", kAll, kCurrentSchema, kGood + "DDRev=123\n",
