@@ -23,10 +23,10 @@ namespace {
 constexpr std::size_t kMostEntries = 8;  // that are checked and written
 
 const std::set<std::string> kIds{
-    "not-text",      "no-section",       "duplicate-section", "unknown-key", "duplicate-key",
-    "syntax",        "hex-digits",       "decimal-id",        "required",    "too-long",
-    "apostrophe",    "question-mark",    "ambiguous",         "code-page",   "too-wide",
-    "empty-version", "unknown-protocol", "unknown-category",  "not-used",    "missing-file",
+    "not-text",         "no-section", "duplicate-section", "unknown-key", "duplicate-key", "syntax",
+    "hex-digits",       "decimal-id", "required",          "too-long",    "apostrophe",    "question-mark",
+    "ambiguous",        "code-page",  "too-large",         "too-wide",    "empty-version", "unknown-protocol",
+    "unknown-category", "not-used",   "missing-file",
 };
 
 void RequireFindingsInOrder(const std::vector<Finding>& findings, int lineCount) {
