@@ -65,7 +65,7 @@ TEST(TakenNumber, TheDocumentHoldsTheRestartsAndTheStatementsOfEveryStart) {
     const auto target = DocumentOf(result.out)["entries"][0]["targets"]["database"];
     EXPECT_EQ(target["status"], "written");
     EXPECT_EQ(target["messages"].size(), 0U);
-    EXPECT_EQ(target["restarts"], 1);
+    EXPECT_EQ(target.value("restarts", 0), 1);
     std::vector<std::string> changes;
     for (const auto& statement : target["statements"]) {
         const auto text = statement.get<std::string>();
@@ -128,7 +128,7 @@ TEST(TakenNumber, RestartsEnd) {
     EXPECT_EQ(result.exitCode, 1);
     const auto target = DocumentOf(result.out)["entries"][0]["targets"]["database"];
     EXPECT_EQ(target["status"], "failed");
-    EXPECT_EQ(target["restarts"], 30);
+    EXPECT_EQ(target.value("restarts", 0), 30);
     EXPECT_EQ(world.Rows("SELECT count(*) FROM DeviceTypes"), "31\n");
     EXPECT_EQ(world.Rows("SELECT count(*) FROM DeviceRevisions"), "0\n");
 }
