@@ -9,10 +9,9 @@
 #include "files/EntryNames.h"
 #include "files/clsDDInstall.h"
 #include "fuzz/Fields.h"
-#include "fuzz/MemoryFiles.h"
 #include "fuzz/PlainProfile.h"
 #include "fuzz/Require.h"
-#include "platform/IEvents.h"
+#include "fuzz/WriterWorld.h"
 
 namespace ventlock::test {
 namespace {
@@ -23,14 +22,7 @@ bool IsHex(const std::string& text, std::size_t width) {
     return text.size() <= width && text.find_first_not_of("0123456789ABCDEFabcdef") == std::string::npos;
 }
 
-struct World {
-    MemoryFiles files;
-    ProfileStore profiles{files, CodePage(1252)};
-    NoEvents events;
-    clsManufacturer manufacturer{events};
-    clsDevice device{events};
-    clsDDInstall writer{profiles};
-
+struct World : WriterWorld<clsDDInstall> {
     explicit World(Fields& fields) {
         manufacturer.ManID = fields.Next();
         manufacturer.Name = fields.Next();

@@ -6,10 +6,9 @@
 #include "files/EntryNames.h"
 #include "files/clsPyxConfig.h"
 #include "fuzz/Fields.h"
-#include "fuzz/MemoryFiles.h"
 #include "fuzz/PlainProfile.h"
 #include "fuzz/Require.h"
-#include "platform/IEvents.h"
+#include "fuzz/WriterWorld.h"
 #include "platform/ProfileLines.h"
 
 namespace ventlock::test {
@@ -17,14 +16,7 @@ namespace {
 
 const std::string kPath = "Pyx.ini";
 
-struct World {
-    MemoryFiles files;
-    ProfileStore profiles{files, CodePage(1252)};
-    NoEvents events;
-    clsManufacturer manufacturer{events};
-    clsDevice device{events};
-    clsPyxConfig writer{profiles};
-
+struct World : WriterWorld<clsPyxConfig> {
     explicit World(Fields& fields) {
         manufacturer.ManID = fields.Next();
         device.DevID = fields.Next();
