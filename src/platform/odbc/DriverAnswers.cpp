@@ -30,7 +30,8 @@ bool TellDuplicate(const std::vector<std::string>& diagnostics) {
 }
 
 bool TellGivenUp(const std::vector<std::string>& diagnostics) {
-    return Mention(diagnostics, {"[40001]", "[40P01]", "(1213)"});
+    // MariaDB has a state for a deadlock, and none for a row that has changed since it was read.
+    return Mention(diagnostics, {"[40001]", "[40P01]", "(1213)", "(1020)"});
 }
 
 }  // namespace ventlock::odbc
