@@ -43,6 +43,9 @@ class DatabaseServer {
 
     virtual void Lock(DeviceDatabase& database, const std::string& table) const = 0;
     virtual void Unlock(DeviceDatabase& database) const = 0;
+
+    /// True when a statement waits for rows that another connection to the database has changed.
+    [[nodiscard]] virtual bool HasWaiter(DeviceDatabase& database) const = 0;
 };
 
 /// A new database on a server; it goes when this does.
@@ -61,8 +64,14 @@ class ServerDatabase final : public DeviceDatabase {
     void Lock(const std::string& table) override { server_.Lock(*this, table); }
     void Unlock() override { server_.Unlock(*this); }
 
+    /// A further connection of the test's.
+    [[nodiscard]] std::unique_ptr<OdbcProbe> Connect() const { return server_.Connect(name_); }
+
+    /// Returns when a statement waits for another connection's rows; fails the test when none comes to that.
+    void AwaitWaiter();
+
     /// Connects the test's own connection again, after the server was away.
-    void Reconnect() { Use(server_.Connect(name_)); }
+    void Reconnect() { Use(Connect()); }
 
  private:
     ServerDatabase(DatabaseServer& server, DeviceSchema schema, const std::string& dataSource,

@@ -20,6 +20,9 @@ enum class Refusal {
     BareMarker,  ///< a question mark outside of texts
     MissingTable,
     LockedTable,      ///< a table that somebody else keeps locked until the limit
+    LockLimit,        ///< a lock that is not to be had within the database's own limit
+    Deadlock,         ///< two connections wait for each other's rows
+    OutOfOrder,       ///< what two transactions read and wrote fits no order of the two
     LostConnection,   ///< the first statement after the server was killed
     CutSnapshot,      ///< the connection ends while rows are read
     AbsentServer,     ///< a connect to a server that does not run

@@ -26,6 +26,7 @@ class MariadbServer final : public DatabaseServer {
                   const std::string& column) const override;
     void Lock(DeviceDatabase& database, const std::string& table) const override;
     void Unlock(DeviceDatabase& database) const override;
+    [[nodiscard]] bool HasWaiter(DeviceDatabase& database) const override;
 
  private:
     TempFolder folder_{ServerFolders()};

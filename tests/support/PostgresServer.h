@@ -27,6 +27,7 @@ class PostgresServer final : public DatabaseServer {
                   const std::string& column) const override;
     void Lock(DeviceDatabase& database, const std::string& table) const override;
     void Unlock(DeviceDatabase& database) const override;
+    [[nodiscard]] bool HasWaiter(DeviceDatabase& database) const override;
 
  private:
     /// The database that those of a schema are copied from.

@@ -1,5 +1,9 @@
 #include "support/DatabaseServer.h"
 
+#include <gtest/gtest.h>
+
+#include <chrono>
+
 namespace ventlock::test {
 
 std::unique_ptr<OdbcProbe> DatabaseServer::Connect(const std::string& database) const {
@@ -18,6 +22,16 @@ ServerDatabase::ServerDatabase(DatabaseServer& server, DeviceSchema schema, cons
     server_.Create(name_, schema);
     OdbcFolder::Get().AddDataSource(Dsn(), server_.Driver(), server_.SettingsFor(name_));
     Reconnect();
+}
+
+void ServerDatabase::AwaitWaiter() {
+    constexpr std::chrono::seconds kPatience{30};
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (!server_.HasWaiter(*this)) {
+        if (std::chrono::steady_clock::now() < end) continue;
+        ADD_FAILURE() << "no statement waits for another connection";
+        return;
+    }
 }
 
 ServerDatabase::~ServerDatabase() {

@@ -70,4 +70,11 @@ void MariadbServer::Unlock(DeviceDatabase& database) const {
     database.Execute("UNLOCK TABLES");
 }
 
+// The counter is the whole server's, but always the latest; the table of transactions is a copy that is made
+// anew only when nobody has asked for a while.
+bool MariadbServer::HasWaiter(DeviceDatabase& database) const {
+    return database.Rows("SHOW GLOBAL STATUS LIKE 'Innodb_row_lock_current_waits'") !=
+           "Innodb_row_lock_current_waits|0\n";
+}
+
 }  // namespace ventlock::test

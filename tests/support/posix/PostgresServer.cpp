@@ -101,4 +101,10 @@ void PostgresServer::Unlock(DeviceDatabase& database) const {
     database.Execute("ROLLBACK");
 }
 
+bool PostgresServer::HasWaiter(DeviceDatabase& database) const {
+    return database.Rows(
+               "SELECT count(*) FROM pg_stat_activity WHERE datname = current_database() AND "
+               "wait_event_type = 'Lock'") != "0\n";
+}
+
 }  // namespace ventlock::test

@@ -1,5 +1,6 @@
 // Somebody else keeps a table locked for longer than the program waits.
 
+#include "db/DatabaseOf.h"
 #include "support/DriverAnswers.h"
 #include "unit/db/Records.h"
 
@@ -88,6 +89,29 @@ TEST_F(LockedTable, KeepsTheRowsThatWereWrittenBeforeIt) {
     EXPECT_EQ(Rows("MfrProtocols"), "1|1|1|38\n");
     EXPECT_EQ(Rows("DeviceTypes"), "");
     EXPECT_EQ(Rows("DeviceRevisions"), "");
+}
+
+/// A database that waits for a table much shorter than the program does. SQLite's data source has its limit
+/// already.
+class ImpatientDatabase : public ManufacturerRecord {
+ protected:
+    ImpatientDatabase() {
+        if (TestedProduct() == Product::Postgresql) Send("SET lock_timeout = '200ms'");
+        if (TestedProduct() == Product::Mariadb) Send("SET lock_wait_timeout = 1");
+    }
+
+ private:
+    void Send(std::string_view sql) { DatabaseOf(&world_.Objects()).Execute(sql); }
+};
+
+TEST_F(ImpatientDatabase, EndsTheWaitBeforeTheProgramDoes) {
+    EXPECT_EQ(manufacturer_.MfrProtocolID(), 1);
+    world_.Database().Lock("Manufacturers");
+    EXPECT_FALSE(manufacturer_.Insert());
+    EXPECT_THAT(Entries(), ElementsAre(RefusedEntry("MANins-02.1a", Refusal::LockLimit)));
+    world_.Database().Unlock();
+    EXPECT_TRUE(manufacturer_.Insert());
+    EXPECT_EQ(Rows("Manufacturers"), "1|Acme|Acme Inc\n");
 }
 
 }  // namespace
