@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The command line under load, as users get it and at full size: killed 500 times at any moment while it registers, four of
-# it at once with 250 devices each, and every one of its system calls on files failing for five reasons. VENTLOCK_LOAD sets
-# another number, VENTLOCK_SEED repeats a run. Installs what is missing. Called by test.sh --load. Ends with the numbers, and
-# non-zero when a goal is missed.
+# it at once with 250 devices each on every database, and every one of its system calls on files failing for five reasons.
+# VENTLOCK_LOAD sets another number, VENTLOCK_SEED repeats a run. Installs what is missing. Called by test.sh --load. Ends
+# with the numbers, and non-zero when a goal is missed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
@@ -18,8 +18,12 @@ trap 'rm -f "$log"' EXIT
 failed=0
 build/load/tests/e2e/e2e_tests --gtest_brief=1 --gtest_filter='SystemCallFaults.*' | tee "$log" || failed=1
 build/load/tests/load/load_tests --gtest_brief=1 | tee -a "$log" || failed=1
+for product in postgresql mariadb; do
+    VENTLOCK_TEST_DATABASE=$product build/load/tests/load/load_tests --gtest_brief=1 --gtest_filter='TwoAtOnce*' |
+        tee -a "$log" || failed=1
+done
 echo
-for number in 'system call faults' kills 'two at once'; do
+for number in 'system call faults' kills 'two at once by '{libsqlite3odbc,psqlodbcw,libmaodbc}'.so, '{current,old}; do
     grep "^$number" "$log" || { echo "$number: did not run" && failed=1; }
 done
 grep '^VENTLOCK_SEED' "$log"

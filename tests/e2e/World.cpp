@@ -8,7 +8,6 @@
 #include <sstream>
 
 #include "e2e/OrdinaryUser.h"
-#include "support/OdbcFolder.h"
 
 namespace ventlock::test {
 
@@ -183,6 +182,13 @@ void World::MakeDatabase(const std::string& schema, const std::string& dataSourc
     const ProgramResult made = Run(
         {"database", "create", "--file", "device.db", "--schema", schema, "--dsn", dataSource, "--quiet"});
     EXPECT_EQ(made.exitCode, 0) << made.err;
+}
+
+void World::AddDataSource(const std::string& name, const std::string& driver,
+                          const OdbcFolder::Settings& settings) const {
+    std::string section = "[" + name + "]\nDriver=" + driver + "\n";
+    for (const auto& [key, value] : settings) section += key + "=" + value + "\n";
+    WriteBytes(UserDataSources(), ReadBytes(UserDataSources()) + section + "\n");
 }
 
 OdbcProbe World::Database(std::string_view file) const {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "e2e/RunProgram.h"
+#include "support/OdbcFolder.h"
 #include "support/OdbcProbe.h"
 #include "support/TempFolder.h"
 
@@ -58,6 +59,10 @@ class World {
 
     /// Makes "device.db" with the program and a data source for it.
     void MakeDatabase(const std::string& schema = "current", const std::string& dataSource = "PYX") const;
+
+    /// Adds a data source of the user; `driver` is the path of its library.
+    void AddDataSource(const std::string& name, const std::string& driver,
+                       const OdbcFolder::Settings& settings) const;
 
     /// A connection to a database of the working folder that is none of the program's.
     [[nodiscard]] OdbcProbe Database(std::string_view file = "device.db") const;

@@ -4,10 +4,11 @@
 
 namespace ventlock::test {
 
-/// One of many device entries, told apart by its number (from 0, below 65535). Ten manufacturers take turns.
+/// One of many device entries, told apart by its number (from 0, below 65535).
 class LoadEntry {
  public:
-    explicit LoadEntry(int number) : number_(number) {}
+    /// @param manufacturers  how many take turns
+    explicit LoadEntry(int number, int manufacturers = 10) : number_(number), manufacturers_(manufacturers) {}
 
     /// Its section in an entry file.
     [[nodiscard]] std::string Text() const;
@@ -16,7 +17,7 @@ class LoadEntry {
     [[nodiscard]] std::string Name() const { return "E" + std::to_string(number_); }
 
     /// The manufacturer and the device type as the files write them.
-    [[nodiscard]] std::string Manufacturer() const { return "00002" + std::to_string(number_ % 10); }
+    [[nodiscard]] std::string Manufacturer() const;
     [[nodiscard]] std::string DeviceType() const;
 
     /// What the device is called in the files and in the database.
@@ -24,6 +25,7 @@ class LoadEntry {
 
  private:
     int number_;
+    int manufacturers_;
 };
 
 }  // namespace ventlock::test

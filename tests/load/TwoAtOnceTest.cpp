@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "e2e/World.h"
+#include "e2e/WorldDatabase.h"
 #include "load/LoadEntry.h"
 #include "load/LoadSize.h"
 #include "load/WholeFiles.h"
@@ -18,13 +18,16 @@ namespace {
 constexpr int kPrograms = 4;
 constexpr int kMostDevices = 250;  // of one program
 
+/// All programs meet at the same new manufacturers, each with devices of its own.
 class TwoAtOnce : public testing::Test {
  protected:
-    /// The entries of one program. All programs meet at the same new manufacturers, each with devices of its
-    /// own.
+    explicit TwoAtOnce(DeviceSchema schema = DeviceSchema::Current, int manufacturers = 10)
+        : manufacturers_(manufacturers), database_(world_, schema) {}
+
+    /// The entries of one program.
     [[nodiscard]] std::vector<LoadEntry> EntriesOf(int program) const {
         std::vector<LoadEntry> entries;
-        for (int i = 0; i < devices_; ++i) entries.emplace_back(program * kMostDevices + i);
+        for (int i = 0; i < devices_; ++i) entries.emplace_back(program * kMostDevices + i, manufacturers_);
         return entries;
     }
 
@@ -47,26 +50,38 @@ class TwoAtOnce : public testing::Test {
         for (const auto& program : programs) Note(program->Wait());
     }
 
-    void ExpectAllInDatabase() {
+    /// The query's rows are the names of all devices, in their order.
+    void ExpectNames(const std::string& query) {
         std::sort(names_.begin(), names_.end());
         std::string expected;
         for (const std::string& name : names_) expected += name + "\n";
-        EXPECT_EQ(world_.Rows("SELECT t.Name FROM DeviceRevisions r "
-                              "JOIN DeviceTypes t ON t.TavDevTypeId = r.TavDevTypeId "
-                              "JOIN MfrProtocols p ON p.MfrProtocolId = t.MfrProtocolId "
-                              "JOIN Manufacturers m ON m.TavMfrNameId = p.TavMfrNameId ORDER BY t.Name"),
-                  expected);
-        // As many numbers as rows, and each manufacturer once.
-        std::set<std::string> manufacturers;
-        for (const std::string& device : all_) manufacturers.insert(device.substr(0, device.find('.')));
-        ExpectNumbers("TavMfrNameId", "Manufacturers", manufacturers.size());
-        ExpectNumbers("MfrProtocolId", "MfrProtocols", manufacturers.size());
-        ExpectNumbers("TavDevTypeId", "DeviceTypes", all_.size());
-        ExpectNumbers("TavDevRevId", "DeviceRevisions", all_.size());
+        EXPECT_EQ(database_.Rows(query), expected);
+    }
+
+    /// A table has so many rows, each of which has a number of its own.
+    void ExpectNumbers(const std::string& number, const std::string& table, std::size_t rows) {
+        const std::string count = std::to_string(rows);
+        EXPECT_EQ(database_.Rows("SELECT count(*), count(DISTINCT " + number + ") FROM " + table),
+                  count + "|" + count + "\n")
+            << table;
+    }
+
+    void ExpectAllInFiles() {
+        EXPECT_EQ(DevicesOfWholePyxIni(world_.Read("Pyx.ini")), all_);
+        EXPECT_EQ(DevicesOfWholeDdinstal(world_.Read("Ddinstal.ini")), all_);
+    }
+
+    void Print(const char* schema) const {
+        std::printf(
+            "two at once by %s, %s schema: %d programs of %d devices, in all targets: %zu, entries "
+            "started anew: %d\n",
+            database_.Driver().c_str(), schema, kPrograms, devices_, all_.size(), restarts_);
     }
 
     const int devices_ = std::min(static_cast<int>(LoadSize()), kMostDevices);
-    World world_;
+    const int manufacturers_;
+    const World world_;
+    const WorldDatabase database_;
     Devices all_;
     int restarts_ = 0;
 
@@ -82,24 +97,42 @@ class TwoAtOnce : public testing::Test {
         }
     }
 
-    void ExpectNumbers(const std::string& number, const std::string& table, std::size_t rows) {
-        const std::string count = std::to_string(rows);
-        EXPECT_EQ(world_.Rows("SELECT count(*), count(DISTINCT " + number + ") FROM " + table),
-                  count + "|" + count + "\n")
-            << table;
-    }
-
     std::vector<std::string> names_;
 };
 
 TEST_F(TwoAtOnce, AllDevicesOfFourProgramsAreInAllTargets) {
-    world_.MakeDatabase();
     Register();
-    ExpectAllInDatabase();
-    EXPECT_EQ(DevicesOfWholePyxIni(world_.Read("Pyx.ini")), all_);
-    EXPECT_EQ(DevicesOfWholeDdinstal(world_.Read("Ddinstal.ini")), all_);
-    std::printf("two at once: %d programs of %d devices, in all targets: %zu, entries started anew: %d\n",
-                kPrograms, devices_, all_.size(), restarts_);
+    ExpectNames(
+        "SELECT t.Name FROM DeviceRevisions r JOIN DeviceTypes t ON t.TavDevTypeId = r.TavDevTypeId "
+        "JOIN MfrProtocols p ON p.MfrProtocolId = t.MfrProtocolId "
+        "JOIN Manufacturers m ON m.TavMfrNameId = p.TavMfrNameId ORDER BY t.Name");
+    // As many numbers as rows, and each manufacturer once.
+    std::set<std::string> manufacturers;
+    for (const std::string& device : all_) manufacturers.insert(device.substr(0, device.find('.')));
+    ExpectNumbers("TavMfrNameId", "Manufacturers", manufacturers.size());
+    ExpectNumbers("MfrProtocolId", "MfrProtocols", manufacturers.size());
+    ExpectNumbers("TavDevTypeId", "DeviceTypes", all_.size());
+    ExpectNumbers("TavDevRevId", "DeviceRevisions", all_.size());
+    ExpectAllInFiles();
+    Print("current");
+}
+
+/// A manufacturer comes with one device: the old schema takes it once.
+class TwoAtOnceInTheOldSchema : public TwoAtOnce {
+ protected:
+    TwoAtOnceInTheOldSchema() : TwoAtOnce(DeviceSchema::Old, kPrograms * kMostDevices) {}
+};
+
+TEST_F(TwoAtOnceInTheOldSchema, AllDevicesOfFourProgramsAreInAllTargets) {
+    Register();
+    ExpectNames(
+        "SELECT d.DevName FROM PDevices d JOIN DevTypes t ON t.DevMfrId = d.DevMfrId AND t.DevType = "
+        "d.DevType JOIN MfrIds m ON m.DevMfrId = d.DevMfrId ORDER BY d.DevName");
+    ExpectNumbers("DevMfrId", "MfrIds", all_.size());
+    ExpectNumbers("DevType", "DevTypes", all_.size());
+    ExpectNumbers("UDevRevId", "PDevices", all_.size());
+    ExpectAllInFiles();
+    Print("old");
 }
 
 }  // namespace
