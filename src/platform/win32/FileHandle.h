@@ -4,17 +4,22 @@
 
 #include <utility>
 
+#include "platform/win32/FileCalls.h"
+
 namespace ventlock {
 
-/// An open file, folder or process, closed at the end.
+/// An open file, folder or process, closed at the end. Calls other than the system's own must outlive it.
 class FileHandle {
  public:
     FileHandle() noexcept = default;
-    explicit FileHandle(HANDLE handle) noexcept : handle_(handle) {}
-    FileHandle(FileHandle&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
+    explicit FileHandle(HANDLE handle, const FileCalls& calls = SystemFileCalls()) noexcept
+        : calls_(&calls), handle_(handle) {}
+    FileHandle(FileHandle&& other) noexcept
+        : calls_(other.calls_), handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
     FileHandle& operator=(FileHandle&& other) noexcept {
         if (this != &other) {
             Close();
+            calls_ = other.calls_;
             handle_ = std::exchange(other.handle_, INVALID_HANDLE_VALUE);
         }
         return *this;
@@ -26,10 +31,11 @@ class FileHandle {
 
     /// Closes it now; False and GetLastError when the system reports a failure.
     bool Close() noexcept {
-        return !IsOpen() || CloseHandle(std::exchange(handle_, INVALID_HANDLE_VALUE)) != 0;
+        return !IsOpen() || calls_->closeHandle(std::exchange(handle_, INVALID_HANDLE_VALUE)) != 0;
     }
 
  private:
+    const FileCalls* calls_ = &SystemFileCalls();
     HANDLE handle_ = INVALID_HANDLE_VALUE;
 };
 

@@ -14,10 +14,10 @@ constexpr std::wstring_view kLongServerPrefix = L"\\\\?\\UNC\\";
 constexpr std::wstring_view kServerPrefix = L"\\\\";
 
 /// The path with drive letter or server, in the spelling that `spelling` asks for; empty with GetLastError.
-std::wstring ToldPath(const FileHandle& file, DWORD spelling) {
+std::wstring ToldPath(const FileCalls& calls, const FileHandle& file, DWORD spelling) {
     std::vector<wchar_t> buffer(MAX_PATH);
     for (;;) {
-        const DWORD length = GetFinalPathNameByHandleW(
+        const DWORD length = calls.getFinalPathName(
             file.Get(), buffer.data(), static_cast<DWORD>(buffer.size()), spelling | VOLUME_NAME_DOS);
         if (length == 0) return {};
         if (length < buffer.size()) return {buffer.data(), length};
@@ -27,23 +27,24 @@ std::wstring ToldPath(const FileHandle& file, DWORD spelling) {
 
 }  // namespace
 
-FileHandle OpenForAttributes(const std::wstring& path) {
-    return FileHandle(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
-                                  FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+FileHandle OpenForAttributes(const FileCalls& calls, const std::wstring& path) {
+    return FileHandle(calls.createFile(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING,
+                                       FILE_FLAG_BACKUP_SEMANTICS),
+                      calls);
 }
 
-std::wstring FinalPath(const FileHandle& file) {
+std::wstring FinalPath(const FileCalls& calls, const FileHandle& file) {
     // The file system's spelling takes the right to look into every folder before it, which may be missing.
-    std::wstring path = ToldPath(file, FILE_NAME_NORMALIZED);
-    return path.empty() ? ToldPath(file, FILE_NAME_OPENED) : path;
+    std::wstring path = ToldPath(calls, file, FILE_NAME_NORMALIZED);
+    return path.empty() ? ToldPath(calls, file, FILE_NAME_OPENED) : path;
 }
 
-bool IsSymbolicLink(const std::wstring& path) {
-    const FileHandle link(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr, OPEN_EXISTING,
-                                      FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+bool IsSymbolicLink(const FileCalls& calls, const std::wstring& path) {
+    const FileHandle link(calls.createFile(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING,
+                                           FILE_FLAG_BACKUP_SEMANTICS | FILE_FLAG_OPEN_REPARSE_POINT),
+                          calls);
     FILE_ATTRIBUTE_TAG_INFO facts{};
-    return link.IsOpen() &&
-           GetFileInformationByHandleEx(link.Get(), FileAttributeTagInfo, &facts, sizeof(facts)) != 0 &&
+    return link.IsOpen() && calls.getAttributeTag(link.Get(), &facts) != 0 &&
            (facts.FileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            facts.ReparseTag == IO_REPARSE_TAG_SYMLINK;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/Pause.h"
+#include "platform/win32/FileCalls.h"
 
 namespace ventlock {
 
@@ -34,12 +35,12 @@ DWORD TryWhileInUse(const Pause& pause, Attempt attempt, IsInUse isInUse) {
 
 /// True for a code by which opening `path` fails while another program has it open or is about to delete or
 /// replace it.
-inline bool IsInUse(DWORD code, const std::wstring& path) {
+inline bool IsInUse(const FileCalls& calls, DWORD code, const std::wstring& path) {
     if (code == ERROR_SHARING_VIOLATION || code == ERROR_LOCK_VIOLATION || code == ERROR_DELETE_PENDING) {
         return true;
     }
     // A file that goes when its last user closes it can be neither opened nor asked for its attributes.
-    return code == ERROR_ACCESS_DENIED && GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES &&
+    return code == ERROR_ACCESS_DENIED && calls.getFileAttributes(path.c_str()) == INVALID_FILE_ATTRIBUTES &&
            GetLastError() == ERROR_ACCESS_DENIED;
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/win32/FileCalls.h"
 #include "platform/win32/FileHandle.h"
 #include "platform/win32/FileTarget.h"
 #include "platform/win32/Patience.h"
@@ -17,8 +18,8 @@ class ReplacementFile {
     /// The new file gets the access list and the attributes of the one it replaces; its owner is the user who
     /// writes. Where the system lets the user give no access list (a share may withhold that right, a file
     /// system may have none) it keeps the one that it has from its folder, as a file that replaces none does.
-    /// `target` and `pause` must outlive this object. @throws RunTimeError
-    ReplacementFile(const FileTarget& target, const Pause& pause);
+    /// `calls`, `target` and `pause` must outlive this object. @throws RunTimeError
+    ReplacementFile(const FileCalls& calls, const FileTarget& target, const Pause& pause);
     ~ReplacementFile();
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;
@@ -37,6 +38,7 @@ class ReplacementFile {
     void Remove();
     [[noreturn]] void Raise() const;
 
+    const FileCalls& calls_;
     const FileTarget& target_;
     const Pause& pause_;
     std::wstring temporary_;  ///< empty when there is nothing to take away
@@ -50,9 +52,9 @@ bool IsAccessListRefused(DWORD code);
 
 /// Takes away what programs that were ended while they replaced the file have left beside it, as far as the
 /// user may. Whoever calls it must hold the lock under which the file is replaced.
-void RemoveLeftOvers(const FileTarget& target);
+void RemoveLeftOvers(const FileCalls& calls, const FileTarget& target);
 
 /// Writes all of `bytes`, however many calls that takes; False and GetLastError when it fails.
-bool WriteAll(const FileHandle& file, std::string_view bytes);
+bool WriteAll(const FileCalls& calls, const FileHandle& file, std::string_view bytes);
 
 }  // namespace ventlock

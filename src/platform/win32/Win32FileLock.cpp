@@ -8,30 +8,32 @@ namespace {
 
 constexpr std::chrono::milliseconds kPause{5};  // between two tries
 
-FileHandle TryToOpen(const std::wstring& path) {
-    return FileHandle(CreateFileW(
-        path.c_str(), GENERIC_READ, 0, nullptr, OPEN_ALWAYS,
-        FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+FileHandle TryToOpen(const FileCalls& calls, const std::wstring& path) {
+    return FileHandle(
+        calls.createFile(path.c_str(), GENERIC_READ, 0, OPEN_ALWAYS,
+                         FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT),
+        calls);
 }
 
 /// True when the code tells of a holder. A lock that is just being released is denied; so is one that can
 /// never be had: a folder, a read-only file and whatever is in a folder that takes no files.
-bool IsHeld(DWORD code, const std::wstring& path, const std::wstring& folder) {
-    if (code != ERROR_ACCESS_DENIED) return IsInUse(code, path);
-    const DWORD attributes = GetFileAttributesW(path.c_str());
+bool IsHeld(const FileCalls& calls, DWORD code, const std::wstring& path, const std::wstring& folder) {
+    if (code != ERROR_ACCESS_DENIED) return IsInUse(calls, code, path);
+    const DWORD attributes = calls.getFileAttributes(path.c_str());
     const bool isObstacle = attributes != INVALID_FILE_ATTRIBUTES &&
                             (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0;
-    return !isObstacle && MayMakeFiles(folder);
+    return !isObstacle && MayMakeFiles(calls, folder);
 }
 
-FileHandle Acquire(const FileTarget& target, std::chrono::milliseconds patience, const Pause& pause) {
+FileHandle Acquire(const FileCalls& calls, const FileTarget& target, std::chrono::milliseconds patience,
+                   const Pause& pause) {
     const std::wstring path = target.folder + L"." + target.name + L".lock";
     const auto end = std::chrono::steady_clock::now() + patience;
     for (;;) {
-        FileHandle file = TryToOpen(path);
+        FileHandle file = TryToOpen(calls, path);
         if (file.IsOpen()) return file;
         const DWORD code = GetLastError();
-        if (!IsHeld(code, path, target.folder)) throw OpenError(target.given, path, code);
+        if (!IsHeld(calls, code, path, target.folder)) throw OpenError(calls, target.given, path, code);
         if (std::chrono::steady_clock::now() >= end) {
             throw FileError(ErrorNumber::PermissionDenied, target.given, code);
         }
@@ -41,7 +43,8 @@ FileHandle Acquire(const FileTarget& target, std::chrono::milliseconds patience,
 
 }  // namespace
 
-Win32FileLock::Win32FileLock(const FileTarget& target, std::chrono::milliseconds patience, const Pause& pause)
-    : file_(Acquire(target, patience, pause)) {}
+Win32FileLock::Win32FileLock(const FileCalls& calls, const FileTarget& target,
+                             std::chrono::milliseconds patience, const Pause& pause)
+    : file_(Acquire(calls, target, patience, pause)) {}
 
 }  // namespace ventlock

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/IFiles.h"
+#include "platform/win32/FileCalls.h"
 #include "platform/win32/FileHandle.h"
 #include "platform/win32/FileTarget.h"
 #include "platform/win32/Patience.h"
@@ -15,9 +16,10 @@ namespace ventlock {
 /// released or its program ends, however it ends.
 class Win32FileLock final : public IFileLock {
  public:
-    /// Tries for up to `patience`. @throws RunTimeError 70 when another holds the lock for longer, else what
-    /// the system says.
-    Win32FileLock(const FileTarget& target, std::chrono::milliseconds patience, const Pause& pause);
+    /// Tries for up to `patience`. `calls` must outlive this object. @throws RunTimeError 70 when another
+    /// holds the lock for longer, else what the system says.
+    Win32FileLock(const FileCalls& calls, const FileTarget& target, std::chrono::milliseconds patience,
+                  const Pause& pause);
 
  private:
     FileHandle file_;

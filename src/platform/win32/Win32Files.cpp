@@ -6,6 +6,7 @@
 #include "platform/win32/FileErrors.h"
 #include "platform/win32/FileHandle.h"
 #include "platform/win32/FileTarget.h"
+#include "platform/win32/FinalPath.h"
 #include "platform/win32/ReplacementFile.h"
 #include "platform/win32/Win32FileLock.h"
 
@@ -15,13 +16,13 @@ namespace {
 constexpr DWORD kBufferSize = 65536;
 
 /// Opens a regular file.
-FileHandle Open(const std::string& path, DWORD access, DWORD share, DWORD disposition, const Pause& pause,
-                DWORD& attributes) {
-    const std::wstring systemPath = SystemPath(path);
+FileHandle Open(const FileCalls& calls, const std::string& path, DWORD access, DWORD share, DWORD disposition,
+                const Pause& pause, DWORD& attributes) {
+    const std::wstring systemPath = SystemPath(calls, path);
     FileHandle file;
-    const DWORD code = OpenWhenFree(systemPath, access, share, disposition, pause, file);
-    if (code != ERROR_SUCCESS) throw OpenError(path, systemPath, code);
-    if (!IsRegularFile(file, attributes)) throw FileError(path, GetLastError());
+    const DWORD code = OpenWhenFree(calls, systemPath, access, share, disposition, pause, file);
+    if (code != ERROR_SUCCESS) throw OpenError(calls, path, systemPath, code);
+    if (!IsRegularFile(calls, file, attributes)) throw FileError(path, GetLastError());
     return file;
 }
 
@@ -30,10 +31,9 @@ FileHandle Open(const std::string& path, DWORD access, DWORD share, DWORD dispos
 bool Win32Files::Exists(const std::string& path) {
     const NoSystemBoxes quiet;
     try {
-        const FileHandle file(CreateFileW(SystemPath(path).c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
-                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+        const FileHandle file = OpenForAttributes(calls_, SystemPath(calls_, path));
         DWORD attributes = 0;
-        return file.IsOpen() && IsRegularFile(file, attributes);
+        return file.IsOpen() && IsRegularFile(calls_, file, attributes);
     } catch (const RunTimeError&) {
         return false;  // a path that no file can have
     }
@@ -41,15 +41,15 @@ bool Win32Files::Exists(const std::string& path) {
 
 void Win32Files::RequireReplaceable(const std::string& path) {
     const NoSystemBoxes quiet;
-    RequireReplaceableTarget(ResolveTarget(path, pause_), pause_);
+    RequireReplaceableTarget(calls_, ResolveTarget(calls_, path, pause_), pause_);
 }
 
 std::string Win32Files::ReadAll(const std::string& path) {
     const NoSystemBoxes quiet;
     DWORD attributes = 0;
-    const FileHandle file = Open(path, GENERIC_READ, kShareAll, OPEN_EXISTING, pause_, attributes);
+    const FileHandle file = Open(calls_, path, GENERIC_READ, kShareAll, OPEN_EXISTING, pause_, attributes);
     LARGE_INTEGER size{};
-    if (GetFileSizeEx(file.Get(), &size) == 0) throw FileError(path, GetLastError());
+    if (calls_.getFileSize(file.Get(), &size) == 0) throw FileError(path, GetLastError());
     if (size.QuadPart > static_cast<LONGLONG>(kLargestFile)) {
         throw FileError(ErrorNumber::OutOfMemory, path, ERROR_FILE_TOO_LARGE);
     }
@@ -57,7 +57,7 @@ std::string Win32Files::ReadAll(const std::string& path) {
     std::vector<char> buffer(kBufferSize);
     for (;;) {
         DWORD count = 0;
-        if (ReadFile(file.Get(), buffer.data(), kBufferSize, &count, nullptr) == 0) {
+        if (calls_.readFile(file.Get(), buffer.data(), kBufferSize, &count) == 0) {
             throw FileError(path, GetLastError());
         }
         if (count == 0) return bytes;
@@ -67,9 +67,9 @@ std::string Win32Files::ReadAll(const std::string& path) {
 
 void Win32Files::Replace(const std::string& path, std::string_view bytes) {
     const NoSystemBoxes quiet;
-    const FileTarget target = ResolveTarget(path, pause_);
-    RequireReplaceableTarget(target, pause_);
-    ReplacementFile file(target, pause_);
+    const FileTarget target = ResolveTarget(calls_, path, pause_);
+    RequireReplaceableTarget(calls_, target, pause_);
+    ReplacementFile file(calls_, target, pause_);
     file.Write(bytes);
     file.Commit();
 }
@@ -81,19 +81,19 @@ void Win32Files::Copy(const std::string& from, const std::string& to) {
 void Win32Files::Append(const std::string& path, std::string_view bytes) {
     const NoSystemBoxes quiet;
     DWORD attributes = 0;
-    FileHandle file = Open(path, FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                           OPEN_ALWAYS, pause_, attributes);
+    FileHandle file = Open(calls_, path, FILE_APPEND_DATA | FILE_READ_ATTRIBUTES,
+                           FILE_SHARE_READ | FILE_SHARE_DELETE, OPEN_ALWAYS, pause_, attributes);
     if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) throw FileError(path, ERROR_ACCESS_DENIED);
-    if (!WriteAll(file, bytes) || !file.Close()) throw FileError(path, GetLastError());
+    if (!WriteAll(calls_, file, bytes) || !file.Close()) throw FileError(path, GetLastError());
 }
 
 std::unique_ptr<IFileLock> Win32Files::Lock(const std::string& path) {
     const NoSystemBoxes quiet;
-    const FileTarget target = ResolveTarget(path, pause_);
-    auto lock = std::make_unique<Win32FileLock>(target, lockPatience_, pause_);
-    RemoveLeftOvers(target);
+    const FileTarget target = ResolveTarget(calls_, path, pause_);
+    auto lock = std::make_unique<Win32FileLock>(calls_, target, lockPatience_, pause_);
+    RemoveLeftOvers(calls_, target);
     try {
-        RemoveLeftOvers(ResolveTarget(path + kBackupEnding, pause_));
+        RemoveLeftOvers(calls_, ResolveTarget(calls_, path + kBackupEnding, pause_));
     } catch (const RunTimeError&) {
         return lock;  // a backup that cannot be written is told by whoever writes it
     }

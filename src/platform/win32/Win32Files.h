@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/IFiles.h"
+#include "platform/win32/FileCalls.h"
 #include "platform/win32/Patience.h"
 
 namespace ventlock {
@@ -21,7 +22,11 @@ class Win32Files final : public IFiles {
     /// @param lockPatience  how long Lock waits for another holder
     /// @param pause         how it is waited between two tries
     explicit Win32Files(std::chrono::milliseconds lockPatience = kLockPatience, Pause pause = SleepFor)
-        : lockPatience_(lockPatience), pause_(std::move(pause)) {}
+        : Win32Files(lockPatience, SystemFileCalls(), std::move(pause)) {}
+
+    /// With other system calls.
+    Win32Files(std::chrono::milliseconds lockPatience, const FileCalls& calls, Pause pause = SleepFor)
+        : calls_(calls), lockPatience_(lockPatience), pause_(std::move(pause)) {}
 
     bool Exists(const std::string& path) override;
     void RequireReplaceable(const std::string& path) override;
@@ -29,9 +34,12 @@ class Win32Files final : public IFiles {
     void Replace(const std::string& path, std::string_view bytes) override;
     void Copy(const std::string& from, const std::string& to) override;
     void Append(const std::string& path, std::string_view bytes) override;
+
+    /// The lock must not outlive this object.
     std::unique_ptr<IFileLock> Lock(const std::string& path) override;
 
  private:
+    FileCalls calls_;
     std::chrono::milliseconds lockPatience_;
     Pause pause_;
 };

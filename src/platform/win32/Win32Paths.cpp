@@ -51,7 +51,7 @@ std::wstring Told(Tell tell) {
 std::wstring ProgramPath() {
     std::wstring started =
         Told([](wchar_t* buffer, DWORD size) { return GetModuleFileNameW(nullptr, buffer, size); });
-    std::wstring path = FinalPath(OpenForAttributes(LongForm(started)));
+    std::wstring path = FinalPath(SystemFileCalls(), OpenForAttributes(SystemFileCalls(), LongForm(started)));
     return path.empty() ? started : path;
 }
 

@@ -11,8 +11,8 @@ namespace {
 
 /// The full path; in the form for long ones only when it is long, because the program sees it as its name.
 std::wstring ProgramPath(const std::string& path) {
-    const std::wstring systemPath = SystemPath(path);
-    std::wstring full = FullPath(path);
+    const std::wstring systemPath = SystemPath(SystemFileCalls(), path);
+    std::wstring full = FullPath(SystemFileCalls(), path);
     return full.size() < MAX_PATH ? full : systemPath;
 }
 

@@ -22,10 +22,12 @@ std::wstring Long(const std::string& path) {
 TEST(FinalPath, OfAFileAndAFolderIsTheirOwnInTheFileSystemsSpelling) {
     const TempFolder folder;
     WriteBytes(folder / "Pyx.ini", "");
-    const std::wstring base = FinalPath(OpenForAttributes(Long(folder.Path())));
+    const std::wstring base =
+        FinalPath(SystemFileCalls(), OpenForAttributes(SystemFileCalls(), Long(folder.Path())));
     EXPECT_TRUE(base.starts_with(L"\\\\?\\")) << FromWideText(base);
     EXPECT_FALSE(base.ends_with(L'\\')) << FromWideText(base);
-    EXPECT_EQ(FinalPath(OpenForAttributes(Long(folder / "PYX.INI"))), base + L"\\Pyx.ini");
+    EXPECT_EQ(FinalPath(SystemFileCalls(), OpenForAttributes(SystemFileCalls(), Long(folder / "PYX.INI"))),
+              base + L"\\Pyx.ini");
 }
 
 TEST(FinalPath, IsEmptyForWhatHasNone) {
@@ -34,23 +36,23 @@ TEST(FinalPath, IsEmptyForWhatHasNone) {
     ASSERT_NE(CreatePipe(&reader, &writer, nullptr, 0), 0);
     const FileHandle ownedReader(reader);
     const FileHandle ownedWriter(writer);
-    EXPECT_EQ(FinalPath(ownedReader), L"");
-    EXPECT_EQ(FinalPath(FileHandle()), L"");
+    EXPECT_EQ(FinalPath(SystemFileCalls(), ownedReader), L"");
+    EXPECT_EQ(FinalPath(SystemFileCalls(), FileHandle()), L"");
 }
 
 TEST(FinalPath, OfALinkIsThatOfItsFile) {
     const TempFolder folder;
     WriteBytes(folder / "a.ini", "");
-    EXPECT_FALSE(IsSymbolicLink(Long(folder / "a.ini")));
-    EXPECT_FALSE(IsSymbolicLink(Long(folder.Path())));
-    EXPECT_FALSE(IsSymbolicLink(Long(folder / "missing.ini")));
+    EXPECT_FALSE(IsSymbolicLink(SystemFileCalls(), Long(folder / "a.ini")));
+    EXPECT_FALSE(IsSymbolicLink(SystemFileCalls(), Long(folder.Path())));
+    EXPECT_FALSE(IsSymbolicLink(SystemFileCalls(), Long(folder / "missing.ini")));
     if (!MakeLink(folder / "link.ini", "a.ini") || !MakeLink(folder / "nowhere.ini", "missing.ini")) {
         GTEST_SKIP() << "this user can make no links";
     }
-    EXPECT_TRUE(IsSymbolicLink(Long(folder / "link.ini")));
-    EXPECT_TRUE(IsSymbolicLink(Long(folder / "nowhere.ini")));
-    EXPECT_EQ(FinalPath(OpenForAttributes(Long(folder / "link.ini"))),
-              FinalPath(OpenForAttributes(Long(folder / "a.ini"))));
+    EXPECT_TRUE(IsSymbolicLink(SystemFileCalls(), Long(folder / "link.ini")));
+    EXPECT_TRUE(IsSymbolicLink(SystemFileCalls(), Long(folder / "nowhere.ini")));
+    EXPECT_EQ(FinalPath(SystemFileCalls(), OpenForAttributes(SystemFileCalls(), Long(folder / "link.ini"))),
+              FinalPath(SystemFileCalls(), OpenForAttributes(SystemFileCalls(), Long(folder / "a.ini"))));
 }
 
 TEST(FinalPath, LongAndShortFormLeadToEachOther) {

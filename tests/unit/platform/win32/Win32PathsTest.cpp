@@ -40,7 +40,8 @@ TEST(Win32Paths, TheProgramsFolderIsThatOfTheRunningProgram) {
 TEST(Win32Paths, TheProgramsFolderIsTheFinalOneInTheShortForm) {
     std::wstring started(4096, L'\0');
     started.resize(GetModuleFileNameW(nullptr, started.data(), static_cast<DWORD>(started.size())));
-    const std::wstring path = FinalPath(OpenForAttributes(LongForm(started)));
+    const std::wstring path =
+        FinalPath(SystemFileCalls(), OpenForAttributes(SystemFileCalls(), LongForm(started)));
     ASSERT_TRUE(path.starts_with(L"\\\\?\\")) << FromWideText(path);
     EXPECT_EQ(Win32Paths("ventlock").ProgramFolder(),
               FromWideText(ShortForm(path.substr(0, path.rfind(L'\\')))));
