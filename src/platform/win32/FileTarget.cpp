@@ -17,9 +17,14 @@ constexpr std::wstring_view kLongPrefix = L"\\\\?\\";
 constexpr std::size_t kBehindDrive = 6;  // of "\\?\C:"
 constexpr std::size_t kLongestPart = 255;
 
-bool IsFolder(const FileCalls& calls, const std::wstring& path) {
+/// ERROR_SUCCESS for a folder, ERROR_PATH_NOT_FOUND where there is none, else why the system does not tell.
+DWORD LookForFolder(const FileCalls& calls, const std::wstring& path) {
     const DWORD attributes = calls.getFileAttributes(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const DWORD code = GetLastError();
+        return code == ERROR_FILE_NOT_FOUND ? ERROR_PATH_NOT_FOUND : code;
+    }
+    return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? ERROR_SUCCESS : ERROR_PATH_NOT_FOUND;
 }
 
 /// True for a path on a drive letter that no drive has.
@@ -40,6 +45,23 @@ bool HasTooLongPart(std::wstring_view path) {
         if (end == std::wstring_view::npos) return false;
         path.remove_prefix(end + 1);
     }
+}
+
+/// A name by which no file can be opened may be taken all the same: by a link that leads nowhere, which a new
+/// file would replace.
+void RequireFreeName(const FileCalls& calls, const FileTarget& target, const Pause& pause) {
+    DWORD attributes = 0;
+    const DWORD code = TryWhileInUse(
+        pause,
+        [&]() -> DWORD {
+            attributes = calls.getFileAttributes(target.path.c_str());
+            return attributes != INVALID_FILE_ATTRIBUTES ? ERROR_SUCCESS : GetLastError();
+        },
+        [&](DWORD reason) { return IsInUse(calls, reason, target.path); });
+    if (code == ERROR_SUCCESS && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
+        throw FileError(target.given, ERROR_CANT_RESOLVE_FILENAME);
+    }
+    if (code != ERROR_SUCCESS && code != ERROR_FILE_NOT_FOUND) throw FileError(target.given, code);
 }
 
 }  // namespace
@@ -68,8 +90,9 @@ std::wstring SystemPath(const FileCalls& calls, const std::string& path) {
         throw FileError(path, ERROR_INVALID_NAME);
     }
     if (full.ends_with(L'\\')) {
-        if (IsFolder(calls, full)) throw FileError(path, ERROR_ACCESS_DENIED);
-        throw OpenError(calls, path, full, ERROR_PATH_NOT_FOUND);
+        const DWORD code = LookForFolder(calls, full);
+        if (code == ERROR_SUCCESS) throw FileError(path, ERROR_ACCESS_DENIED);
+        throw OpenError(calls, path, full, code);
     }
     return full;
 }
@@ -90,15 +113,18 @@ RunTimeError OpenError(const FileCalls& calls, const std::string& given, const s
                        DWORD code) {
     if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) {
         if (IsDriveMissing(calls, path)) return FileError(given, ERROR_INVALID_DRIVE);
-        if (!IsFolder(calls, FolderOf(path))) return FileError(given, ERROR_PATH_NOT_FOUND);
+        const DWORD folderCode = LookForFolder(calls, FolderOf(path));
+        if (folderCode != ERROR_SUCCESS) return FileError(given, folderCode);
     }
     return FileError(given, code);
 }
 
 bool IsRegularFile(const FileCalls& calls, const FileHandle& file, DWORD& attributes) {
     BY_HANDLE_FILE_INFORMATION facts{};
-    if (calls.getFileType(file.Get()) != FILE_TYPE_DISK) {
-        SetLastError(ERROR_ACCESS_DENIED);
+    SetLastError(NO_ERROR);  // what is of no known type leaves that, a failure does not
+    const DWORD type = calls.getFileType(file.Get());
+    if (type != FILE_TYPE_DISK) {
+        if (type != FILE_TYPE_UNKNOWN || GetLastError() == NO_ERROR) SetLastError(ERROR_ACCESS_DENIED);
         return false;
     }
     if (calls.getFileInformation(file.Get(), &facts) == 0) return false;
@@ -132,11 +158,7 @@ FileTarget ResolveTarget(const FileCalls& calls, const std::string& path, const 
     } else {
         const RunTimeError error = OpenError(calls, path, target.path, code);
         if (error.Number() != ErrorNumber::FileNotFound) throw error;
-        // The name is taken all the same: by a link that leads nowhere, which a new file would replace.
-        const DWORD attributes = calls.getFileAttributes(target.path.c_str());
-        if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
-            throw FileError(path, ERROR_CANT_RESOLVE_FILENAME);
-        }
+        RequireFreeName(calls, target, pause);
     }
     target.folder = FolderOf(target.path);
     target.name = target.path.substr(target.folder.size());

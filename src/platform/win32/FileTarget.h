@@ -39,8 +39,8 @@ std::wstring SystemPath(const FileCalls& calls, const std::string& path);
 DWORD OpenWhenFree(const FileCalls& calls, const std::wstring& path, DWORD access, DWORD share,
                    DWORD disposition, const Pause& pause, FileHandle& file);
 
-/// The error of a file that could not be opened: 68 when its drive is missing, 76 when its folder is, else
-/// what the code stands for.
+/// The error of a file that could not be opened: 68 when its drive is missing, 76 when its folder is, why the
+/// folder cannot be looked at, else what the code stands for.
 RunTimeError OpenError(const FileCalls& calls, const std::string& given, const std::wstring& path,
                        DWORD code);
 

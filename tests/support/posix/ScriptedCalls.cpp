@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <utility>
+#include <filesystem>
+#include <optional>
 
 namespace ventlock::test {
 namespace {
@@ -26,9 +26,15 @@ auto Interruptible(const char* name, Call call) -> decltype(call()) {
     return Scripted(name, call);
 }
 
+int OpenDescriptors() {
+    int count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) ++count;
+    return count;
+}
+
 }  // namespace
 
-ScriptedCalls::ScriptedCalls() {
+ScriptedCalls::ScriptedCalls() : openBefore_(OpenDescriptors()) {
     EXPECT_EQ(current, nullptr) << "one script at a time";
     current = this;
 }
@@ -37,34 +43,18 @@ ScriptedCalls::~ScriptedCalls() {
     current = nullptr;
 }
 
-void ScriptedCalls::FailAt(std::size_t index, int error) {
-    failIndex_ = index;
-    error_ = error;
-}
-
-void ScriptedCalls::FailFirst(const std::string& name, int error) {
-    failName_ = name;
-    error_ = error;
-}
-
-void ScriptedCalls::BeforeFirst(const std::string& name, std::function<void()> action) {
-    actionName_ = name;
-    action_ = std::move(action);
+int ScriptedCalls::OpenFiles() const {
+    return OpenDescriptors() - openBefore_;
 }
 
 bool ScriptedCalls::Pass(const std::string& name) {
-    made_.push_back(name);
-    if (made_.size() - 1 == failIndex_ || name == failName_) {
-        failName_.clear();
-        errno = error_;
-        return false;
-    }
-    if (action_ && name == actionName_) std::exchange(action_, nullptr)();
-    return true;
+    const std::optional<int> failure = Failure(name);
+    if (failure) errno = *failure;
+    return !failure;
 }
 
 bool ScriptedCalls::Interrupts() {
-    interrupted_ = stutters_ && !interrupted_;
+    interrupted_ = Stutters() && !interrupted_;
     if (interrupted_) errno = EINTR;
     return interrupted_;
 }
@@ -83,8 +73,11 @@ FileCalls ScriptedCalls::Calls() {
         return Interruptible("read", [&] { return Real().read(descriptor, buffer, size); });
     };
     calls.write = [](int descriptor, const void* buffer, std::size_t size) {
-        const std::size_t most = current->Stutters() ? 1 : size;
-        return Interruptible("write", [&] { return Real().write(descriptor, buffer, std::min(size, most)); });
+        return Interruptible("write", [&] {
+            const ssize_t written = Real().write(descriptor, buffer, current->Room(size));
+            if (written > 0) current->Take(static_cast<std::size_t>(written));
+            return written;
+        });
     };
     calls.fsync = [](int descriptor) {
         return Interruptible("fsync", [&] { return current->Flushes() ? Real().fsync(descriptor) : 0; });

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <sddl.h>
 
-#include <array>
 #include <cstdint>
 #include <memory>
 
@@ -116,14 +115,6 @@ bool MakeLink(const std::string& path, const std::string& target) {
     return CreateSymbolicLinkW(ToWideText(path).c_str(), ToWideText(target).c_str(),
                                SYMBOLIC_LINK_FLAG_ALLOW_UNPRIVILEGED_CREATE) != 0 &&
            IsLinkThere(path);
-}
-
-std::string SystemWords(DWORD code) {
-    std::array<wchar_t, 512> words{};
-    const DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                                        code, 0, words.data(), static_cast<DWORD>(words.size()), nullptr);
-    const std::string text = FromWideText({words.data(), length});
-    return text.substr(0, text.find_last_not_of(".\r\n") + 1);
 }
 
 }  // namespace ventlock::test

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/win32/FileHandle.h"
+#include "support/SystemWords.h"
 
 namespace ventlock::test {
 
@@ -43,8 +44,5 @@ int OpenHandleCount();
 
 /// Makes a symbolic link; False where the system or its user can make none.
 bool MakeLink(const std::string& path, const std::string& target);
-
-/// The system's words for an error code, without full stop and line end.
-std::string SystemWords(DWORD code);
 
 }  // namespace ventlock::test
