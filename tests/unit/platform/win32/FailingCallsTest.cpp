@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstddef>
+#include <functional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -200,6 +202,61 @@ TEST(FailingCalls, ATemporaryFileThatIsInUseIsTakenAwayWhenItIsFree) {
     EXPECT_EQ(NumberRaisedBy([&] { FilesOver(calls).Replace(folder / "a.ini", "new"); }), 61);
     EXPECT_EQ(ReadBytes(folder / "a.ini"), "old");
     EXPECT_EQ(folder.Listing(), "a.ini");
+}
+
+/// The indexes of the calls that replace an existing "a.ini" of which `isMeant` is true.
+std::vector<std::size_t> CallsOfAReplacement(
+    const std::function<bool(const std::string& name, const std::string& path)>& isMeant) {
+    const TempFolder folder;
+    WriteBytes(folder / "a.ini", "old");
+    ScriptedCalls script;
+    FilesOver(ScriptedCalls::Calls()).Replace(folder / "a.ini", "new");
+    std::vector<std::size_t> calls;
+    for (std::size_t call = 0; call < script.Made().size(); ++call) {
+        if (isMeant(script.Made()[call], script.Subjects()[call])) calls.push_back(call);
+    }
+    return calls;
+}
+
+TEST(FailingCalls, WhateverFailsOfTheNewFileFailsTheReplacement) {
+    const auto calls = CallsOfAReplacement([](const std::string& name, const std::string& path) {
+        return path.ends_with(".tmp") || name == "moveFile";
+    });
+    EXPECT_EQ(calls.size(), 6U);  // made, given its access list, written, flushed, closed, moved
+    for (const std::size_t call : calls) {
+        const TempFolder folder;
+        WriteBytes(folder / "a.ini", "old");
+        ScriptedCalls script;
+        script.FailAt(call, ERROR_DISK_FULL);
+        EXPECT_EQ(NumberRaisedBy([&] { FilesOver(ScriptedCalls::Calls()).Replace(folder / "a.ini", "new"); }),
+                  61)
+            << script.Made()[call];
+        EXPECT_EQ(ReadBytes(folder / "a.ini"), "old") << script.Made()[call];
+        EXPECT_EQ(folder.Listing(), "a.ini") << script.Made()[call];
+    }
+}
+
+TEST(FailingCalls, OfAFileThatIsInUseForAMomentAreMadeAgain) {
+    const auto calls = CallsOfAReplacement([](const std::string& name, const std::string& path) {
+        return path.ends_with("a.ini") && (name == "createFile" || name == "moveFile");
+    });
+    EXPECT_EQ(calls.size(), 4U);  // found, seen to be replaceable, asked for its access list, moved over
+    for (const std::size_t call : calls) {
+        const TempFolder folder;
+        WriteBytes(folder / "a.ini", "old");
+        ScriptedCalls script;
+        script.FailAt(call, ERROR_SHARING_VIOLATION);
+        FilesOver(ScriptedCalls::Calls()).Replace(folder / "a.ini", "new");
+        EXPECT_EQ(ReadBytes(folder / "a.ini"), "new") << script.Made()[call];
+        EXPECT_EQ(folder.Listing(), "a.ini") << script.Made()[call];
+    }
+    // Where a moved file goes the system denies access for as long as another has the old one open.
+    const TempFolder folder;
+    WriteBytes(folder / "a.ini", "old");
+    ScriptedCalls script;
+    script.FailAt(calls.back(), ERROR_ACCESS_DENIED);
+    FilesOver(ScriptedCalls::Calls()).Replace(folder / "a.ini", "new");
+    EXPECT_EQ(ReadBytes(folder / "a.ini"), "new");
 }
 
 TEST(FailingCalls, LeftOversThatCannotBeListedOrRemovedHoldNobodyUp) {
