@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# bench.sh [<work>...]
+# How long the programs' works take beside others that do the same, in one run side by side: bench/goals.json names the
+# works and the goals. All works by default, and the table in docs/performance.md is then written anew; of some works it
+# is only printed. VENTLOCK_BENCH_ROUNDS sets how often each candidate runs (21), VENTLOCK_BENCH_FOLDER where the files
+# lie (build/bench/workplace). Installs what is missing. Ends with non-zero for a wrong result, never for a slow one.
+set -euo pipefail
+cd "$(dirname "$0")"
+. scripts/packages.sh
+
+need_packages "${build_packages[@]}" "${bench_packages[@]}"
+
+cmake --preset bench >/dev/null
+cmake --build --preset bench --target ventlock_bench
+PYTHONDONTWRITEBYTECODE=1 exec /usr/bin/python3 bench/run.py build/bench "$@"

@@ -1,0 +1,31 @@
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+
+#include "works/Works.h"
+
+/// ventlock_bench [<option of the benchmark library>...]
+/// VENTLOCK_BENCH_ROUNDS sets how often each candidate runs. Ends with 1 when a candidate's result is wrong,
+/// whatever time it took.
+int main(int count, char** arguments) {
+    using namespace ventlock::bench;
+    try {
+        const Starter programs;
+        benchmark::Initialize(&count, arguments);
+        if (benchmark::ReportUnrecognizedArguments(count, arguments)) return 2;
+        const char* const rounds = std::getenv("VENTLOCK_BENCH_ROUNDS");
+        const Workplace place;
+        Bench bench(place, programs, rounds == nullptr ? 21 : std::atoi(rounds));
+        AddUpsertPyx(bench);
+        AddRegisterIni(bench);
+        AddRegisterDDInstall(bench);
+        AddVersion(bench);
+        benchmark::RunSpecifiedBenchmarks();
+        return bench.IsWrong() ? 1 : 0;
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}

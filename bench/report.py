@@ -1,0 +1,144 @@
+"""The tables and the plot of docs/performance.md."""
+
+import collections
+import os
+import platform
+import statistics
+import subprocess
+
+OURS = "ventlock"
+BEGIN = "<!-- Written by ./bench.sh: -->"
+END = "<!-- End of what ./bench.sh writes. -->"
+
+
+def key_of(name):
+    """(work, size, candidate) of a benchmark's name, which ends in what the library adds."""
+    return tuple(name.split("/iterations:")[0].split("/", 2))
+
+
+def rounds_of(results):
+    """The single rounds of each candidate; those that failed have an error."""
+    rounds = collections.defaultdict(list)
+    for entry in results["benchmarks"]:
+        if entry["run_type"] == "iteration":
+            rounds[key_of(entry["name"])].append(entry)
+    return rounds
+
+
+def median(rounds, field):
+    values = [entry[field] for entry in rounds if field in entry and not entry.get("error_occurred")]
+    return statistics.median(values) if values else None
+
+
+def shown(value, digits=2):
+    return "" if value is None else f"{value:,.{digits}f}"
+
+
+def size_order(size):
+    return (not size.isdigit(), int(size) if size.isdigit() else size)
+
+
+def candidates_of(rounds, work):
+    """By size the candidates in the order of the program, the limit, the peers as they come."""
+    sizes = collections.defaultdict(list)
+    for found, size, candidate in rounds:
+        if found == work:
+            sizes[size].append(candidate)
+    for candidates in sizes.values():
+        candidates.sort(key=lambda name: (name != OURS, name != "limit", name.lower()))
+    return dict(sorted(sizes.items(), key=lambda item: size_order(item[0])))
+
+
+def goal_rows(work, rounds):
+    for goal in work["goals"]:
+        ours = median(rounds[work["name"], goal["at"], OURS], "real_time")
+        other = median(rounds[work["name"], goal["at"], goal["against"]], "real_time")
+        place = f"{goal['at']} lines" if goal["at"].isdigit() else goal["at"]
+        if "at_most" in goal:
+            text, bound = f"at most {goal['at_most']} times {goal['against']}", goal["at_most"]
+        else:
+            text, bound = f"at least {goal['faster']} times faster than {goal['against']}", goal["faster"]
+        if not ours or not other:
+            yield f"| {work['title']} | {place} | {text} | | not measured |"
+            continue
+        ratio = ours / other if "at_most" in goal else other / ours
+        met = ratio <= bound if "at_most" in goal else ratio >= bound
+        yield f"| {work['title']} | {place} | {text} | {ratio:.2f} | {'met' if met else '**missed**'} |"
+
+
+def growth_rows(work, rounds, counts):
+    sizes = [size for size in candidates_of(rounds, work["name"]) if size.isdigit()]
+    largest = max(sizes, key=int, default=None)
+    smallest = next((size for size in sizes if int(size) * 8 == int(largest)), None)
+    if smallest is None:
+        return
+    name = work["name"]
+    ratios = []
+    for table in ({key: median(entries, "real_time") for key, entries in rounds.items()}, counts):
+        small, large = table.get((name, smallest, OURS)), table.get((name, largest, OURS))
+        ratios.append(large / small if small and large else None)
+    known = [ratio for ratio in ratios if ratio is not None]
+    met = "met" if known and max(known) <= 8 else "**missed**"
+    yield (f"| {work['title']} | {smallest} to {largest} lines | at most 8 times for 8 times the size "
+           f"| {shown(ratios[0])} (instructions {shown(ratios[1])}) | {met} |")
+
+
+def work_table(work, rounds, counts):
+    yield f"### {work['title']}"
+    yield ""
+    yield (f"| {work['size']} | | Median, ms | Times ours | Processor, ms | Instructions, million | Peak, MiB "
+           "| Untouched bytes changed |")
+    yield "|--:|---|--:|--:|--:|--:|--:|--:|"
+    for size, candidates in candidates_of(rounds, work["name"]).items():
+        ours = median(rounds[work["name"], size, OURS], "real_time")
+        for candidate in candidates:
+            key = (work["name"], size, candidate)
+            entries = rounds[key]
+            label = size if size.isdigit() or size == "odd" else ""
+            if all(entry.get("error_occurred") for entry in entries):
+                yield f"| {label} | {candidate} | failed | | | | | |"
+                continue
+            time = median(entries, "real_time")
+            processor = 1000 * ((median(entries, "user") or 0) + (median(entries, "system") or 0))
+            peak = (median(entries, "peak_kib") or 0) / 1024
+            changed = median(entries, "changed_bytes")
+            changed_text = "" if changed is None else f"{changed:,.0f}"
+            if median(entries, "has_entry") == 0:
+                changed_text += ", entry missing"
+            yield (f"| {label} | {candidate} | {shown(time)} | {shown(time / ours if ours else None)} "
+                   f"| {shown(processor) if processor else ''} "
+                   f"| {shown(counts[key] / 1e6) if key in counts else ''} "
+                   f"| {shown(peak, 1) if peak else ''} | {changed_text} |")
+    yield ""
+
+
+def machine(results, folder):
+    """Where and on what the run was made."""
+    with open("/proc/cpuinfo", encoding="utf-8") as opened:
+        model = next((line.split(":", 1)[1].strip() for line in opened if line.startswith("model name")), "unknown")
+    kind = subprocess.run(["stat", "--file-system", "--format=%T", folder], stdout=subprocess.PIPE, text=True, check=True)
+    rounds = max(entry["repetitions"] for entry in results["benchmarks"])
+    load = results["context"]["load_avg"]
+    return (f"{results['context']['date'][:10]}, {os.cpu_count()} processors ({model}), Linux {platform.release()}, "
+            f"files on {kind.stdout.strip()}, {rounds} rounds, load {load[0] if load else 0:.1f} at the start.")
+
+
+def tables(goals, works, results, counts, folder):
+    rounds = rounds_of(results)
+    chosen = [work for work in goals["works"] if work["name"] in works]
+    lines = [machine(results, folder), "", "### Goals", "", "| Work | At | Goal | Measured | |", "|---|---|---|--:|---|"]
+    for work in chosen:
+        lines += goal_rows(work, rounds)
+        lines += growth_rows(work, rounds, counts)
+    lines.append("")
+    for work in chosen:
+        lines += work_table(work, rounds, counts)
+    return "\n".join(lines)
+
+
+def write(docs, text):
+    """Puts the tables between their marks; what stands around them is written by hand."""
+    path = docs / "performance.md"
+    before, rest = path.read_text().split(BEGIN)
+    after = rest.split(END)[1]
+    path.write_text(f"{before}{BEGIN}\n\n{text}\n{END}{after}")

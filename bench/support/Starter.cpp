@@ -1,0 +1,147 @@
+#include "support/Starter.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+#include <stdexcept>
+
+namespace ventlock::bench {
+namespace {
+
+constexpr std::size_t kLongestRequest = 16384;
+
+std::vector<std::string> Prefixed(const std::vector<std::string>& command) {
+    const char* const prefix = std::getenv("VENTLOCK_BENCH_PREFIX");
+    std::istringstream words(prefix == nullptr ? "" : prefix);
+    std::vector<std::string> all;
+    for (std::string word; words >> word;) all.push_back(word);
+    all.insert(all.end(), command.begin(), command.end());
+    return all;
+}
+
+double Seconds(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+/// Standard output of the programs leads nowhere.
+class NoAnswers {
+ public:
+    NoAnswers() {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawn_file_actions_addopen(&actions_, 0, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&actions_, 1, "/dev/null", O_WRONLY, 0);
+    }
+    ~NoAnswers() { posix_spawn_file_actions_destroy(&actions_); }
+    NoAnswers(const NoAnswers&) = delete;
+    NoAnswers& operator=(const NoAnswers&) = delete;
+
+    [[nodiscard]] const posix_spawn_file_actions_t* Get() const noexcept { return &actions_; }
+
+ private:
+    posix_spawn_file_actions_t actions_{};
+};
+
+/// What comes back for one command; `isDone` is false when it did not end with 0.
+struct Report {
+    Usage usage;
+    bool isDone = false;
+};
+
+Report RunOne(const std::vector<char*>& arguments, const std::vector<char*>& variables) {
+    const NoAnswers noAnswers;
+    Report report;
+    const auto begin = std::chrono::steady_clock::now();
+    pid_t process = 0;
+    if (posix_spawnp(&process, arguments[0], noAnswers.Get(), nullptr, arguments.data(), variables.data()) !=
+        0) {
+        return report;
+    }
+    int status = 0;
+    rusage taken{};
+    pid_t ended = 0;
+    do {
+        ended = wait4(process, &status, 0, &taken);
+    } while (ended < 0 && errno == EINTR);
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
+    report.usage = {passed.count(), Seconds(taken.ru_utime), Seconds(taken.ru_stime), taken.ru_maxrss};
+    report.isDone = ended == process && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    return report;
+}
+
+// A request is one message of texts ended by NUL: "a" and an argument, "v" and a variable.
+
+std::string Packed(const std::vector<std::string>& arguments, const std::vector<std::string>& variables) {
+    std::string message;
+    for (const std::string& argument : arguments) message.append("a").append(argument).push_back('\0');
+    for (const std::string& variable : variables) message.append("v").append(variable).push_back('\0');
+    return message;
+}
+
+/// Answers one request after the other until the other end is closed.
+[[noreturn]] void Serve(int socket) {
+    static std::array<char, kLongestRequest> request;
+    for (;;) {
+        const ssize_t size = read(socket, request.data(), request.size());
+        if (size <= 0) _exit(0);
+        std::vector<char*> arguments;
+        std::vector<char*> variables;
+        for (char* at = request.data(); at < request.data() + size; at += std::strlen(at) + 1) {
+            (*at == 'a' ? arguments : variables).push_back(at + 1);
+        }
+        arguments.push_back(nullptr);
+        variables.push_back(nullptr);
+        const Report report = RunOne(arguments, variables);
+        if (write(socket, &report, sizeof report) != sizeof report) _exit(1);
+    }
+}
+
+}  // namespace
+
+Starter::Starter() {
+    std::array<int, 2> ends{};
+    if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0 || (process_ = fork()) < 0) {
+        throw std::runtime_error("no process to start programs from");
+    }
+    if (process_ == 0) {
+        close(ends[0]);
+        Serve(ends[1]);
+    }
+    close(ends[1]);
+    socket_ = ends[0];
+}
+
+Starter::~Starter() {
+    close(socket_);
+    waitpid(process_, nullptr, 0);
+}
+
+Usage Starter::Run(const std::vector<std::vector<std::string>>& commands,
+                   const std::vector<std::string>& environment) const {
+    Usage all;
+    for (const auto& command : commands) {
+        const std::string request = Packed(Prefixed(command), environment);
+        Report report;
+        if (request.size() > kLongestRequest || write(socket_, request.data(), request.size()) < 0 ||
+            read(socket_, &report, sizeof report) != sizeof report || !report.isDone) {
+            throw std::runtime_error(command.front() + " failed");
+        }
+        all.seconds += report.usage.seconds;
+        all.userSeconds += report.usage.userSeconds;
+        all.systemSeconds += report.usage.systemSeconds;
+        all.peakKiB = std::max(all.peakKiB, report.usage.peakKiB);
+    }
+    return all;
+}
+
+}  // namespace ventlock::bench

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "support/Bench.h"
+
+namespace ventlock::bench {
+
+/// Each adds one work with all its sizes and candidates.
+void AddUpsertPyx(Bench& bench);          ///< one entry into "Pyx.ini" in process
+void AddRegisterIni(Bench& bench);        ///< the same as a whole program
+void AddRegisterDDInstall(Bench& bench);  ///< one entry into "Ddinstal.ini" as a whole program
+void AddVersion(Bench& bench);            ///< the start of the command line
+
+}  // namespace ventlock::bench
