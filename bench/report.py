@@ -49,21 +49,26 @@ def candidates_of(rounds, work):
     return dict(sorted(sizes.items(), key=lambda item: size_order(item[0])))
 
 
-def goal_rows(work, rounds):
+def ratio_of(goal, name, rounds):
+    ours = median(rounds[name, goal["at"], OURS], "real_time")
+    other = median(rounds[name, goal["at"], goal["against"]], "real_time")
+    if not ours or not other:
+        return None
+    return ours / other if "at_most" in goal else other / ours
+
+
+def goal_rows(work, rounds, in_memory):
     for goal in work["goals"]:
-        ours = median(rounds[work["name"], goal["at"], OURS], "real_time")
-        other = median(rounds[work["name"], goal["at"], goal["against"]], "real_time")
         place = f"{goal['at']} lines" if goal["at"].isdigit() else goal["at"]
+        ratio = ratio_of(goal, work["name"], rounds)
         if "at_most" in goal:
-            text, bound = f"at most {goal['at_most']} times {goal['against']}", goal["at_most"]
+            text = f"at most {goal['at_most']} times {goal['against']}"
+            is_met = ratio is not None and ratio <= goal["at_most"]
         else:
-            text, bound = f"at least {goal['faster']} times faster than {goal['against']}", goal["faster"]
-        if not ours or not other:
-            yield f"| {work['title']} | {place} | {text} | | not measured |"
-            continue
-        ratio = ours / other if "at_most" in goal else other / ours
-        met = ratio <= bound if "at_most" in goal else ratio >= bound
-        yield f"| {work['title']} | {place} | {text} | {ratio:.2f} | {'met' if met else '**missed**'} |"
+            text = f"at least {goal['faster']} times faster than {goal['against']}"
+            is_met = ratio is not None and ratio >= goal["faster"]
+        yield (f"| {work['title']} | {place} | {text} | {shown(ratio)} | {'met' if is_met else '**missed**'} "
+               f"| {shown(ratio_of(goal, work['name'], in_memory))} |")
 
 
 def growth_rows(work, rounds, counts):
@@ -80,15 +85,15 @@ def growth_rows(work, rounds, counts):
     known = [ratio for ratio in ratios if ratio is not None]
     met = "met" if known and max(known) <= 8 else "**missed**"
     yield (f"| {work['title']} | {smallest} to {largest} lines | at most 8 times for 8 times the size "
-           f"| {shown(ratios[0])} (instructions {shown(ratios[1])}) | {met} |")
+           f"| {shown(ratios[0])} (instructions {shown(ratios[1])}) | {met} | |")
 
 
-def work_table(work, rounds, counts):
+def work_table(work, rounds, in_memory, counts):
     yield f"### {work['title']}"
     yield ""
-    yield (f"| {work['size']} | | Median, ms | Times ours | Processor, ms | Instructions, million | Peak, MiB "
+    yield (f"| {work['size']} | | Median, ms | Times ours | In memory, ms | Processor, ms | Instructions, million | Peak, MiB "
            "| Untouched bytes changed |")
-    yield "|--:|---|--:|--:|--:|--:|--:|--:|"
+    yield "|--:|---|--:|--:|--:|--:|--:|--:|--:|"
     for size, candidates in candidates_of(rounds, work["name"]).items():
         ours = median(rounds[work["name"], size, OURS], "real_time")
         for candidate in candidates:
@@ -96,7 +101,7 @@ def work_table(work, rounds, counts):
             entries = rounds[key]
             label = size if size.isdigit() or size == "odd" else ""
             if all(entry.get("error_occurred") for entry in entries):
-                yield f"| {label} | {candidate} | failed | | | | | |"
+                yield f"| {label} | {candidate} | failed | | | | | | |"
                 continue
             time = median(entries, "real_time")
             processor = 1000 * ((median(entries, "user") or 0) + (median(entries, "system") or 0))
@@ -106,6 +111,7 @@ def work_table(work, rounds, counts):
             if median(entries, "has_entry") == 0:
                 changed_text += ", entry missing"
             yield (f"| {label} | {candidate} | {shown(time)} | {shown(time / ours if ours else None)} "
+                   f"| {shown(median(in_memory[key], 'real_time'))} "
                    f"| {shown(processor) if processor else ''} "
                    f"| {shown(counts[key] / 1e6) if key in counts else ''} "
                    f"| {shown(peak, 1) if peak else ''} | {changed_text} |")
@@ -123,16 +129,18 @@ def machine(results, folder):
             f"files on {kind.stdout.strip()}, {rounds} rounds, load {load[0] if load else 0:.1f} at the start.")
 
 
-def tables(goals, works, results, counts, folder):
-    rounds = rounds_of(results)
+def tables(goals, works, runs, counts, folder):
+    """`runs`: the results on the disk and in memory; `counts`: the instructions of candidates."""
+    rounds, in_memory = rounds_of(runs["disk"]), rounds_of(runs["memory"])
     chosen = [work for work in goals["works"] if work["name"] in works]
-    lines = [machine(results, folder), "", "### Goals", "", "| Work | At | Goal | Measured | |", "|---|---|---|--:|---|"]
+    lines = [machine(runs["disk"], folder), "", "### Goals", ""]
+    lines += ["| Work | At | Goal | Measured | | In memory |", "|---|---|---|--:|---|--:|"]
     for work in chosen:
-        lines += goal_rows(work, rounds)
+        lines += goal_rows(work, rounds, in_memory)
         lines += growth_rows(work, rounds, counts)
     lines.append("")
     for work in chosen:
-        lines += work_table(work, rounds, counts)
+        lines += work_table(work, rounds, in_memory, counts)
     return "\n".join(lines)
 
 
@@ -142,3 +150,23 @@ def write(docs, text):
     before, rest = path.read_text().split(BEGIN)
     after = rest.split(END)[1]
     path.write_text(f"{before}{BEGIN}\n\n{text}\n{END}{after}")
+
+
+def plot(path, goals, results):
+    """Medians of the program and the limit against the size, for all works that have sizes."""
+    rounds = rounds_of(results)
+    curves, blocks = [], []
+    for work in goals["works"]:
+        sizes = [size for size in candidates_of(rounds, work["name"]) if size.isdigit()]
+        if not sizes:
+            continue
+        for candidate, dash in ((OURS, 1), ("limit", 2)):
+            number = len(blocks)
+            title = work["title"].replace("`", "") + (", limit" if candidate == "limit" else "")
+            curves.append(f"$data{number} using 1:2 with linespoints linecolor {number // 2 + 1} dashtype {dash} title '{title}'")
+            points = [f"{size} {median(rounds[work['name'], size, candidate], 'real_time')}" for size in sizes]
+            blocks.append("\n".join([f"$data{number} << end", *points, "end"]))
+    script = [*blocks, "set terminal svg size 900,500 background 'white'", f"set output '{path}'", "set key left top",
+              "set xlabel 'lines'", "set ylabel 'milliseconds'", "set xrange [0:*]", "set yrange [0:*]", "set grid",
+              "plot " + ", ".join(curves)]
+    subprocess.run(["gnuplot"], input="\n".join(script), text=True, check=True)

@@ -1,7 +1,8 @@
 """run.py <build folder> [<work>...]
 
-Runs the benchmarks: first for the time, then each native candidate once under callgrind for its instructions. Prints the
-tables, and writes them into docs/performance.md when all works have run. Exits with 1 when a result is wrong.
+Runs the benchmarks: for the time on the disk, once more in memory, where flushing costs nothing, and each native candidate
+once under callgrind for its instructions. Prints the tables, and writes them and the plot into docs when all works have
+run. Exits with 1 when a result is wrong.
 """
 
 import json
@@ -16,6 +17,8 @@ import report
 
 SOURCE = pathlib.Path(__file__).resolve().parent
 WINDOW_LIBRARIES = re.compile(r"wx|gtk|gdk|X11|wayland", re.IGNORECASE)
+MEMORY = pathlib.Path("/dev/shm")
+CALLGRIND = ["valgrind", "--quiet", "--tool=callgrind"]
 UNCOUNTED = {"configparser", "crudini"}  # minutes under callgrind, and about an interpreter
 
 
@@ -23,8 +26,8 @@ def filter_of(works):
     return "^(" + "|".join(works) + ")/"
 
 
-def measure(program, works, results):
-    """The run for the time. True when all results are right."""
+def measure(program, works, folder, results):
+    """A run for the time with the files in a folder. True when all results are right."""
     ended = subprocess.run(
         [
             program,
@@ -35,9 +38,14 @@ def measure(program, works, results):
             f"--benchmark_out={results}",
             "--benchmark_out_format=json",
         ],
+        env={**os.environ, "VENTLOCK_BENCH_FOLDER": str(folder)},
         stdout=subprocess.DEVNULL,
+        stderr=subprocess.PIPE,
+        text=True,
         check=False,
     )
+    # The library's own words on its build and on the machine's clock stand there, too.
+    print("".join(re.findall(r"^\S+/\S+/.*: .*\n", ended.stderr, re.MULTILINE)), end="", file=sys.stderr)
     return ended.returncode == 0
 
 
@@ -51,26 +59,39 @@ def names_of(program, works):
     return [line for line in listed.stdout.splitlines() if line]
 
 
-def count(program, name):
-    """Instructions of one round of a candidate: those of its programs, or of its part of the harness's own process."""
+def run_counted(program, works_filter, prefix, variables):
+    subprocess.run(
+        [*prefix, program, f"--benchmark_filter={works_filter}"],
+        env={**os.environ, "VENTLOCK_BENCH_FOLDER": str(MEMORY), "VENTLOCK_BENCH_ROUNDS": "1", **variables},
+        stdout=subprocess.DEVNULL,
+        stderr=subprocess.DEVNULL,
+        check=True,
+    )
+
+
+def counted(file):
+    """(label, instructions) of a file that callgrind has written."""
+    text = file.read_text(errors="replace")
+    label = re.search(r"^desc: Trigger: Client Request: (.*)", text, re.MULTILINE)
+    total = re.search(r"^(?:totals|summary): (\d+)", text, re.MULTILINE)
+    return label[1] if label else "", int(total[1]) if total else 0
+
+
+def count_in_process(program, works):
+    """Instructions of one round of each candidate that runs in the harness's own process."""
     with tempfile.TemporaryDirectory() as folder:
-        callgrind = ["valgrind", "--quiet", "--tool=callgrind"]
-        children = [*callgrind, "--trace-children=yes", f"--callgrind-out-file={folder}/%p"]
-        subprocess.run(
-            [
-                *callgrind,
-                "--collect-atstart=no",
-                f"--callgrind-out-file={folder}/harness",
-                program,
-                "--benchmark_filter=^" + "/".join(report.key_of(name)) + "/",
-            ],
-            env={**os.environ, "VENTLOCK_BENCH_PREFIX": " ".join(children), "VENTLOCK_BENCH_ROUNDS": "1"},
-            stdout=subprocess.DEVNULL,
-            check=True,
-        )
-        totals = (re.search(r"^(?:totals|summary): (\d+)", file.read_text(errors="replace"), re.MULTILINE)
-                  for file in pathlib.Path(folder).iterdir())
-        instructions = sum(int(total[1]) for total in totals if total)
+        prefix = [*CALLGRIND, "--collect-atstart=no", f"--callgrind-out-file={folder}/out"]
+        run_counted(program, filter_of(works), prefix, {})
+        labelled = dict(counted(file) for file in pathlib.Path(folder).iterdir())
+    return {report.key_of(label): instructions for label, instructions in labelled.items() if label}
+
+
+def count_programs(program, name):
+    """Instructions of the programs in one round of a candidate."""
+    with tempfile.TemporaryDirectory() as folder:
+        prefix = [*CALLGRIND, "--trace-children=yes", f"--callgrind-out-file={folder}/%p"]
+        run_counted(program, "^" + "/".join(report.key_of(name)) + "/", [], {"VENTLOCK_BENCH_PREFIX": " ".join(prefix)})
+        instructions = sum(counted(file)[1] for file in pathlib.Path(folder).iterdir())
     if instructions == 0:
         raise RuntimeError(f"nothing was counted for {name}")
     return instructions
@@ -91,23 +112,32 @@ def main():
         print(f"no such work: {', '.join(unknown)}; there are: {', '.join(known)}", file=sys.stderr)
         return 2
     program = str(build / "bench/ventlock_bench")
-    results = build / "results.json"
+    folder = pathlib.Path(os.environ.get("VENTLOCK_BENCH_FOLDER") or build / "workplace")
+    folder.mkdir(exist_ok=True)
+    runs = {}
+    is_right = True
+    for name, place in (("disk", folder), ("memory", MEMORY)):
+        print(f"Measuring in {place} ...", file=sys.stderr)
+        results = build / f"{name}.json"
+        is_right = measure(program, works, place, results) and is_right
+        runs[name] = json.loads(results.read_text())
 
-    is_right = measure(program, works, results)
-    counts = {}
+    print("Counting instructions ...", file=sys.stderr)
+    in_process = [work["name"] for work in goals["works"] if work["name"] in works and work.get("in_process")]
+    counts = count_in_process(program, in_process) if in_process else {}
     for name in names_of(program, works):
         key = report.key_of(name)
-        if key[2] not in UNCOUNTED and key[1] != "odd":
-            counts[key] = count(program, name)
+        if key[0] not in in_process and key[1] != "odd" and key[2] not in UNCOUNTED:
+            counts[key] = count_programs(program, name)
     if found := window_libraries(build / "bin/ventlock-cli"):
         print(f"ventlock-cli loads {', '.join(found)}", file=sys.stderr)
         is_right = False
 
-    folder = os.environ.get("VENTLOCK_BENCH_FOLDER") or build / "workplace"
-    tables = report.tables(goals, works, json.loads(results.read_text()), counts, folder)
+    tables = report.tables(goals, works, runs, counts, folder)
     print(tables)
     if works == known:
         report.write(SOURCE.parent / "docs", tables)
+        report.plot(SOURCE.parent / "docs/images/growth.svg", goals, runs["disk"])
     if not is_right:
         print("A result is wrong; see above.", file=sys.stderr)
     return 0 if is_right else 1

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <exception>
+#include <iostream>
+#include <stdexcept>
 
 namespace ventlock::bench {
 namespace {
@@ -17,7 +19,7 @@ bool IsOurs(const Candidate& candidate) {
 }  // namespace
 
 void Bench::Add(const std::string& work, const std::string& size, const Candidate& candidate) {
-    const auto round = [this, candidate](benchmark::State& state) {
+    const auto round = [this, work, size, candidate](benchmark::State& state) {
         for ([[maybe_unused]] auto pass : state) {
             try {
                 place_.EmptyTargets();
@@ -38,7 +40,10 @@ void Bench::Add(const std::string& work, const std::string& size, const Candidat
                                              " untouched bytes changed");
                 }
             } catch (const std::exception& error) {
-                isWrong_ = isWrong_ || !candidate.mayFail;
+                if (!candidate.mayFail) {
+                    isWrong_ = true;
+                    std::cerr << work << '/' << size << '/' << candidate.name << ": " << error.what() << '\n';
+                }
                 state.SkipWithError(error.what());
                 break;
             }

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
@@ -13,6 +14,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <span>
 #include <sstream>
 #include <stdexcept>
 
@@ -34,36 +36,51 @@ double Seconds(const timeval& time) {
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
 }
 
-/// Standard output of the programs leads nowhere.
-class NoAnswers {
+/// What a program is given: nothing to read, an output that leads nowhere, and a place in memory for its
+/// errors.
+class Streams {
  public:
-    NoAnswers() {
+    Streams() : errors_(memfd_create("errors", MFD_CLOEXEC)) {
         posix_spawn_file_actions_init(&actions_);
-        posix_spawn_file_actions_addopen(&actions_, 0, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_addopen(&actions_, 1, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_adddup2(&actions_, errors_, STDERR_FILENO);
     }
-    ~NoAnswers() { posix_spawn_file_actions_destroy(&actions_); }
-    NoAnswers(const NoAnswers&) = delete;
-    NoAnswers& operator=(const NoAnswers&) = delete;
+    ~Streams() {
+        posix_spawn_file_actions_destroy(&actions_);
+        close(errors_);
+    }
+    Streams(const Streams&) = delete;
+    Streams& operator=(const Streams&) = delete;
 
     [[nodiscard]] const posix_spawn_file_actions_t* Get() const noexcept { return &actions_; }
 
+    /// The last of the errors, as much as there is room for.
+    void LastErrors(std::span<char> text) const {
+        const off_t size = lseek(errors_, 0, SEEK_END);
+        const auto room = static_cast<off_t>(text.size());
+        const ssize_t count = pread(errors_, text.data(), text.size(), std::max<off_t>(0, size - room));
+        std::fill(text.begin() + std::max<ssize_t>(0, count), text.end(), '\0');
+    }
+
  private:
     posix_spawn_file_actions_t actions_{};
+    int errors_;
 };
 
 /// What comes back for one command; `isDone` is false when it did not end with 0.
 struct Report {
     Usage usage;
     bool isDone = false;
+    std::array<char, 400> errors{};  ///< the last of what it said on standard error
 };
 
 Report RunOne(const std::vector<char*>& arguments, const std::vector<char*>& variables) {
-    const NoAnswers noAnswers;
+    const Streams streams;
     Report report;
     const auto begin = std::chrono::steady_clock::now();
     pid_t process = 0;
-    if (posix_spawnp(&process, arguments[0], noAnswers.Get(), nullptr, arguments.data(), variables.data()) !=
+    if (posix_spawnp(&process, arguments[0], streams.Get(), nullptr, arguments.data(), variables.data()) !=
         0) {
         return report;
     }
@@ -76,6 +93,7 @@ Report RunOne(const std::vector<char*>& arguments, const std::vector<char*>& var
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
     report.usage = {passed.count(), Seconds(taken.ru_utime), Seconds(taken.ru_stime), taken.ru_maxrss};
     report.isDone = ended == process && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    streams.LastErrors(report.errors);
     return report;
 }
 
@@ -133,8 +151,13 @@ Usage Starter::Run(const std::vector<std::vector<std::string>>& commands,
         const std::string request = Packed(Prefixed(command), environment);
         Report report;
         if (request.size() > kLongestRequest || write(socket_, request.data(), request.size()) < 0 ||
-            read(socket_, &report, sizeof report) != sizeof report || !report.isDone) {
-            throw std::runtime_error(command.front() + " failed");
+            read(socket_, &report, sizeof report) != sizeof report) {
+            throw std::runtime_error(command.front() + " cannot be started");
+        }
+        if (!report.isDone) {
+            const std::string errors(report.errors.data(),
+                                     strnlen(report.errors.data(), report.errors.size()));
+            throw std::runtime_error(command.front() + " failed: " + errors);
         }
         all.seconds += report.usage.seconds;
         all.userSeconds += report.usage.userSeconds;

@@ -18,9 +18,10 @@ class Starter {
     Starter& operator=(const Starter&) = delete;
 
     /// Runs programs in turn, each to its end, and adds up what they took, starts included. Their answers are
-    /// dropped, their errors shown. The words in VENTLOCK_BENCH_PREFIX are put before each command.
+    /// dropped. The words in VENTLOCK_BENCH_PREFIX are put before each command.
     /// @param commands  the program, searched in PATH, and its arguments
-    /// @throws std::runtime_error when one cannot be started or ends with anything but 0
+    /// @throws std::runtime_error when one cannot be started or ends with anything but 0; its last
+    /// errors are in the text then
     Usage Run(const std::vector<std::vector<std::string>>& commands,
               const std::vector<std::string>& environment) const;
 

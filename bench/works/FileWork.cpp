@@ -76,15 +76,18 @@ void AddPrograms(Bench& bench, const FileWork& work) {
         {{"/usr/bin/python3", VENTLOCK_BENCH_SOURCE "/peers/configparser_upsert.py", target,
           place.Path(kUpserts)}},
         sample, true, true);
-    add("crudini", {{"crudini", "--merge", "--ini-options=nospace", target, "", place.Path(kMerged)}}, sample,
-        true, true);
+    const std::string merge =
+        "exec crudini --merge --ini-options=nospace '" + target + "' <'" + place.Path(kMerged) + "'";
+    add("crudini", {{"sh", "-c", merge}}, sample, true, true);
 }
 
 void AddInProcess(Bench& bench, const FileWork& work) {
     const std::string target = bench.Place().Target(work.fileName);
     const auto add = [&](const std::string& name, std::function<void()> doIt) {
         Candidate candidate = Common(bench, work, name, work.sample);
-        candidate.run = [doIt = std::move(doIt)] { return Timed(doIt); };
+        candidate.run = [label = work.name + "/" + work.size + "/" + name, doIt = std::move(doIt)] {
+            return Timed(label, doIt);
+        };
         bench.Add(work.name, work.size, candidate);
     };
     const std::vector<Upsert> upserts = work.sample->upserts;
