@@ -3,7 +3,6 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <cerrno>
 
 #include "base/RunTimeError.h"
@@ -56,15 +55,18 @@ std::string PosixFiles::ReadAll(const std::string& path) {
     if (facts.st_size > static_cast<off_t>(kLargestFile)) {
         throw FileError(ErrorNumber::OutOfMemory, path, EFBIG);
     }
-    std::string bytes;
-    bytes.reserve(static_cast<std::size_t>(facts.st_size));
-    std::array<char, 65536> buffer{};
-    for (;;) {
-        const ssize_t count =
-            Uninterrupted([&] { return calls_.read(file.Number(), buffer.data(), buffer.size()); });
+    // One byte of room behind the file's size, so that its end is found without more room.
+    std::string bytes(static_cast<std::size_t>(facts.st_size) + 1, '\0');
+    for (std::size_t size = 0;;) {
+        const ssize_t count = Uninterrupted(
+            [&] { return calls_.read(file.Number(), bytes.data() + size, bytes.size() - size); });
         if (count < 0) throw FileError(path, errno);
-        if (count == 0) return bytes;
-        bytes.append(buffer.data(), static_cast<std::size_t>(count));
+        size += static_cast<std::size_t>(count);
+        if (count == 0) {
+            bytes.resize(size);
+            return bytes;
+        }
+        if (size == bytes.size()) bytes.resize(2 * size);  // it has grown meanwhile
     }
 }
 

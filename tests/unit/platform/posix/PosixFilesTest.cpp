@@ -63,6 +63,13 @@ TEST_F(FilesTest, ExistenceIsTrueOnlyForAnExistingRegularFile) {
     }
 }
 
+TEST_F(FilesTest, AFileThatIsLongerThanTheSystemSaysIsReadWhole) {
+    const std::string path = "/proc/version";  // a file of no size, as far as the system tells
+    ASSERT_EQ(fs::file_size(path), 0U);
+    ASSERT_GT(ReadBytes(path).size(), 10U);
+    EXPECT_EQ(files_.ReadAll(path), ReadBytes(path));
+}
+
 TEST_F(FilesTest, EveryByteIsReadAndWrittenAsItIs) {
     std::string bytes = "\xEF\xBB\xBF\r\n\n\r";
     for (int i = 0; i < 300000; ++i) bytes += static_cast<char>(i % 256);
