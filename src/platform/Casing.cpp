@@ -1,5 +1,7 @@
 #include "platform/Casing.h"
 
+#include <algorithm>
+
 #include "base/Utf.h"
 
 namespace ventlock {
@@ -30,8 +32,10 @@ char32_t NextOrRawByte(std::string_view utf8, std::size_t& position) {
 
 template <class AsciiCase, class WideCase>
 std::string Converted(std::string_view utf8, AsciiCase asciiCase, WideCase wideCase) {
-    std::string result;
-    result.reserve(utf8.size());
+    std::string result(utf8);
+    for (char& c : result) c = asciiCase(c);
+    if (std::all_of(utf8.begin(), utf8.end(), IsAscii)) return result;
+    result.clear();
     for (std::size_t at = 0; at < utf8.size();) {
         if (IsAscii(utf8[at])) {
             result += asciiCase(utf8[at++]);

@@ -82,15 +82,15 @@ std::string ProfileFile::Decode(std::string_view stored) const {
     return isUtf16_ ? std::string(stored) : codePage_.Decode(stored);
 }
 
-std::string ProfileFile::FoldedName(std::string_view stored) const {
+/// True when a stored name is that of `key`.
+bool ProfileFile::IsName(std::string_view stored, std::string_view key) const {
     const std::string_view name = TrimBlanks(stored);
-    return UpperCase(IsAscii(name) ? std::string(name) : Decode(name));
+    return IsAscii(name) ? EqualIgnoringCase(name, key) : EqualIgnoringCase(Decode(name), key);
 }
 
-std::optional<std::string> ProfileFile::SectionName(std::string_view line) const {
-    const auto stored = HeaderName(line);
-    if (!stored) return std::nullopt;
-    if (IsAscii(line)) return std::string(TrimBlanks(*stored));
+/// The name in a header line.
+std::string ProfileFile::SectionName(std::string_view line) const {
+    if (IsAscii(line)) return std::string(TrimBlanks(HeaderName(line).value_or(std::string_view())));
     // In double-byte pages the second byte of a character may be that of "]", which closes nothing.
     const std::string text = Decode(line);
     return std::string(TrimBlanks(HeaderName(text).value_or(std::string_view())));
@@ -99,10 +99,9 @@ std::optional<std::string> ProfileFile::SectionName(std::string_view line) const
 const std::unordered_map<std::string, std::size_t>& ProfileFile::Headers() const {
     if (headers_) return *headers_;
     headers_.emplace();
-    ProfileLines lines(text_);
+    ProfileHeaders lines(text_);
     for (ProfileLine line; lines.Next(line);) {
-        const auto name = SectionName(line.Content(text_));
-        if (name) headers_->try_emplace(UpperCase(*name), line.begin);
+        headers_->try_emplace(UpperCase(SectionName(line.Content(text_))), line.begin);
     }
     return *headers_;
 }
@@ -113,7 +112,7 @@ ProfileFile::Place ProfileFile::Find(std::string_view section, std::string_view 
     if (header == Headers().end()) return place;
 
     place.hasSection = true;
-    const std::string wantedKey = UpperCase(TrimBlanks(key));
+    const std::string_view wantedKey = TrimBlanks(key);
     ProfileLines lines(text_, header->second);
     ProfileLine line;
     lines.Next(line);
@@ -124,7 +123,7 @@ ProfileFile::Place ProfileFile::Find(std::string_view section, std::string_view 
         const auto name = KeyName(content);
         if (!name) continue;
         place.insertAt = line.next;
-        if (FoldedName(*name) == wantedKey) {
+        if (IsName(*name, wantedKey)) {
             place.hasKey = true;
             place.equalsEnd = line.begin + name->size() + 1;
             place.valueBegin = line.begin + ValueBegin(content, *name);
@@ -222,11 +221,8 @@ void ProfileFile::ReplaceValue(const Place& place, std::string newValue) {
 
 std::vector<std::string> ProfileFile::Sections() const {
     std::vector<std::string> names;
-    ProfileLines lines(text_);
-    for (ProfileLine line; lines.Next(line);) {
-        auto name = SectionName(line.Content(text_));
-        if (name) names.push_back(std::move(*name));
-    }
+    ProfileHeaders lines(text_);
+    for (ProfileLine line; lines.Next(line);) names.push_back(SectionName(line.Content(text_)));
     return names;
 }
 

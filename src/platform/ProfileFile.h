@@ -72,8 +72,8 @@ class ProfileFile {
     [[nodiscard]] std::optional<std::string> Encode(std::string_view utf8) const;
     [[nodiscard]] std::string Decode(std::string_view stored) const;
     [[nodiscard]] std::string FittingPart(const std::string& utf8, std::size_t bufferSize) const;
-    [[nodiscard]] std::string FoldedName(std::string_view stored) const;
-    [[nodiscard]] std::optional<std::string> SectionName(std::string_view line) const;
+    [[nodiscard]] bool IsName(std::string_view stored, std::string_view key) const;
+    [[nodiscard]] std::string SectionName(std::string_view line) const;
     [[nodiscard]] Place Find(std::string_view section, std::string_view key) const;
     [[nodiscard]] const std::unordered_map<std::string, std::size_t>& Headers() const;
     void ReplaceValue(const Place& place, std::string newValue);

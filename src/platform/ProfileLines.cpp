@@ -6,6 +6,7 @@ namespace ventlock {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\v";
+constexpr std::string_view kLineEnds = "\r\n";  // each of them ends a line, both together end one
 
 /// The first character of a line that is no blank; NUL for a line without one.
 char FirstSign(std::string_view line) {
@@ -53,20 +54,36 @@ bool IsBlankOrComment(std::string_view line) {
     return FirstSign(line) == ';' || TrimBlanks(line).empty();
 }
 
+ProfileLines::ProfileLines(std::string_view text, std::size_t from)
+    : text_(text), at_(from), lineFeed_(std::min(text.find('\n', from), text.size())) {}
+
 bool ProfileLines::Next(ProfileLine& line) {
     if (at_ >= text_.size()) return false;
-    const auto find = [&](char c) { return std::min(text_.find(c, at_), text_.size()); };
-    if (!searched_ || carriageReturn_ < at_) carriageReturn_ = find('\r');
-    if (!searched_ || lineFeed_ < at_) lineFeed_ = find('\n');
-    searched_ = true;
-
+    if (lineFeed_ < at_) lineFeed_ = std::min(text_.find('\n', at_), text_.size());
     line.begin = at_;
-    line.end = std::min(carriageReturn_, lineFeed_);
+    line.end = std::min(text_.substr(0, lineFeed_).find('\r', at_), lineFeed_);
     line.next = std::min(line.end + 1, text_.size());
-    const bool endsInBoth = lineFeed_ < text_.size() && lineFeed_ == carriageReturn_ + 1;
-    if (line.end == carriageReturn_ && endsInBoth) line.next = lineFeed_ + 1;
+    const bool endsInBoth = lineFeed_ < text_.size() && line.end + 1 == lineFeed_;
+    if (endsInBoth) line.next = lineFeed_ + 1;
     at_ = line.next;
     return true;
+}
+
+bool ProfileHeaders::Next(ProfileLine& line) {
+    for (std::size_t at = text_.find('[', at_); at != std::string_view::npos; at = text_.find('[', at + 1)) {
+        const std::size_t before = text_.substr(0, at).find_last_not_of(kBlanks);
+        const bool isFirst =
+            before == std::string_view::npos || kLineEnds.find(text_[before]) != std::string_view::npos;
+        if (!isFirst) continue;
+        line.begin = before + 1;
+        line.end = std::min(text_.find_first_of(kLineEnds, at), text_.size());
+        line.next = std::min(line.end + 1, text_.size());
+        if (text_.substr(line.end).starts_with(kLineEnds)) line.next = line.end + kLineEnds.size();
+        at_ = line.next;
+        return true;
+    }
+    at_ = text_.size();
+    return false;
 }
 
 }  // namespace ventlock

@@ -44,18 +44,29 @@ bool IsBlankOrComment(std::string_view line);
 class ProfileLines {
  public:
     /// The walk begins at `from`, which is the beginning of a line.
-    explicit ProfileLines(std::string_view text, std::size_t from = 0) : text_(text), at_(from) {}
+    explicit ProfileLines(std::string_view text, std::size_t from = 0);
 
     /// Takes the next line; False at the end of the text.
     bool Next(ProfileLine& line);
 
  private:
-    // The next CR and LF are kept apart, so that a text without one of them is searched for it only once.
     std::string_view text_;
     std::size_t at_;
-    std::size_t carriageReturn_ = 0;
-    std::size_t lineFeed_ = 0;
-    bool searched_ = false;
+    std::size_t lineFeed_;  ///< the next one; kept, so that a text without any is searched for it only once
+};
+
+/// Walks the header lines of a text, as ProfileLines does all of them; what stands between two of them costs
+/// next to nothing.
+class ProfileHeaders {
+ public:
+    explicit ProfileHeaders(std::string_view text) : text_(text) {}
+
+    /// Takes the next header line; False at the end of the text.
+    bool Next(ProfileLine& line);
+
+ private:
+    std::string_view text_;
+    std::size_t at_ = 0;
 };
 
 }  // namespace ventlock

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -36,6 +37,24 @@ TEST(ProfileLines, EndAtCarriageReturnLineFeedOrBoth) {
 TEST(ProfileLines, CanBeWalkedFromALineOn) {
     EXPECT_EQ(Walk("a\r\nb\nc\rd", 3), (Contents{"b", "c", "d"}));
     EXPECT_EQ(Walk("a\n", 2), Contents());
+}
+
+using Positions = std::vector<std::array<std::size_t, 3>>;
+
+TEST(ProfileLines, OfHeadersAreThoseThatAWalkOfAllLinesMeets) {
+    for (const std::string_view text :
+         {"", "[", "[a]", "\r\n[a]", "x\r[a]\r[b]\ny\n \t\v[c] [d]\r\n[e", "[a][b]\n=[c]\n;[d]\n [",
+          "[a]\n\r[b]\r\r\n[c]\r", "  x [a]\r\n\f[b]\r\n[c]\r\n\r\n", " [ \n[\n"}) {
+        Positions expected;
+        ProfileLines lines(text);
+        for (ProfileLine line; lines.Next(line);) {
+            if (HeaderName(line.Content(text))) expected.push_back({line.begin, line.end, line.next});
+        }
+        Positions taken;
+        ProfileHeaders headers(text);
+        for (ProfileLine line; headers.Next(line);) taken.push_back({line.begin, line.end, line.next});
+        EXPECT_EQ(taken, expected) << text;
+    }
 }
 
 TEST(ProfileLines, BlanksAreSpaceTabAndVerticalTab) {
