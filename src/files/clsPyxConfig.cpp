@@ -36,7 +36,8 @@ bool clsPyxConfig::Insert(clsManufacturer& oManufacturer, clsDevice& oDevice) {
 bool clsPyxConfig::WriteBack(ProfileEdit& edit) {
     return Guarded(oAppObjects_, "INIwb", false, [&](StepLabel& step) {
         step = "01";
-        profiles_.Files().Replace(edit.Path() + kBackupEnding, edit.File().Bytes());
+        std::string room;
+        profiles_.Files().Replace(edit.Path() + kBackupEnding, edit.File().Bytes(room));
         step = "03.1";
         edit.File().SeparateSections();
         return true;

@@ -45,10 +45,11 @@ ProfileEdit::ProfileEdit(const ProfileStore& store, std::string path)
       path_(std::move(path)),
       lock_(files_->Lock(path_)),
       found_(BytesIfThere(*files_, path_)),
-      file_(BytesBefore(), store.Page()) {}
+      file_(found_ ? std::string_view(*found_) : std::string_view(), store.Page()) {}
 
 void ProfileEdit::Save() {
-    const std::string bytes = file_.Bytes();
+    std::string room;
+    const std::string_view bytes = file_.Bytes(room);
     if (found_ == bytes) return;
     files_->Replace(path_, bytes);
 }

@@ -69,7 +69,13 @@ ProfileFile::ProfileFile(std::string_view bytes, CodePage codePage)
 }
 
 std::string ProfileFile::Bytes() const {
-    return isUtf16_ ? std::string(kUtf16Mark) + ToUtf16Bytes(text_) : text_;
+    std::string room;
+    return std::string(Bytes(room));
+}
+
+std::string_view ProfileFile::Bytes(std::string& room) const {
+    if (!isUtf16_) return text_;
+    return room = std::string(kUtf16Mark) + ToUtf16Bytes(text_);
 }
 
 std::optional<std::string> ProfileFile::Encode(std::string_view utf8) const {
@@ -248,20 +254,26 @@ std::size_t ProfileFile::InsertLine(std::size_t at, std::string_view line) {
 
 void ProfileFile::SeparateSections() {
     constexpr std::size_t kMostLines = std::numeric_limits<std::int16_t>::max();
-    std::string tidied;
-    tidied.reserve(text_.size() + text_.size() / 16);
+    std::string tail;           // what is to stand from the first change on
+    std::size_t unchanged = 0;  // what stands before it
+    std::size_t copied = 0;     // what of the text is in `tail`
+    const auto putLineEnd = [&](std::size_t from, std::size_t to) {
+        if (tail.empty()) unchanged = copied = from;
+        tail.append(text_, copied, from - copied) += kLineEnd;
+        copied = to;
+    };
     std::size_t count = 0;
-    bool followsBlank = false;
+    ProfileLine before;  // empty, so that the first line follows a blank one
     ProfileLines lines(text_);
-    for (ProfileLine line; lines.Next(line);) {
+    for (ProfileLine line; lines.Next(line); before = line) {
         if (++count > kMostLines) throw RunTimeError(ErrorNumber::Overflow);
-        const std::string_view content = line.Content(text_);
-        if (count >= 2 && content.starts_with('[') && !followsBlank) tidied += kLineEnd;
-        tidied += content;
-        tidied += kLineEnd;
-        followsBlank = Trim(content).empty();
+        const bool isHeader = line.Content(text_).starts_with('[');
+        if (isHeader && !Trim(before.Content(text_)).empty()) putLineEnd(line.begin, line.begin);
+        const bool endsInBoth = line.next - line.end == kLineEnd.size();
+        if (!endsInBoth) putLineEnd(line.end, line.next);
     }
-    text_ = std::move(tidied);
+    if (tail.empty()) return;
+    text_.replace(unchanged, std::string::npos, tail.append(text_, copied));
     headers_.reset();
 }
 

@@ -67,6 +67,10 @@ class ProfileFile {
     /// The file as it is to be stored, mark included.
     [[nodiscard]] std::string Bytes() const;
 
+    /// The same, copied only where the text is not the file's own bytes: those of a UTF-16LE file are put
+    /// into `room`. Valid until one of both changes.
+    [[nodiscard]] std::string_view Bytes(std::string& room) const;
+
  private:
     struct Place;
     [[nodiscard]] std::optional<std::string> Encode(std::string_view utf8) const;
