@@ -6,7 +6,7 @@ namespace ventlock {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\v";
-constexpr std::string_view kLineEnds = "\r\n";  // each of them ends a line, both together end one
+constexpr std::string_view kLineEnds = "\r\n";
 
 /// The first character of a line that is no blank; NUL for a line without one.
 char FirstSign(std::string_view line) {
@@ -75,10 +75,8 @@ bool ProfileHeaders::Next(ProfileLine& line) {
         const bool isFirst =
             before == std::string_view::npos || kLineEnds.find(text_[before]) != std::string_view::npos;
         if (!isFirst) continue;
-        line.begin = before + 1;
-        line.end = std::min(text_.find_first_of(kLineEnds, at), text_.size());
-        line.next = std::min(line.end + 1, text_.size());
-        if (text_.substr(line.end).starts_with(kLineEnds)) line.next = line.end + kLineEnds.size();
+        lines_.GoTo(before + 1);
+        lines_.Next(line);
         at_ = line.next;
         return true;
     }

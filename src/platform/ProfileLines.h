@@ -49,6 +49,9 @@ class ProfileLines {
     /// Takes the next line; False at the end of the text.
     bool Next(ProfileLine& line);
 
+    /// Goes on at `at`, which is the beginning of a line that has not been taken yet.
+    void GoTo(std::size_t at) { at_ = at; }
+
  private:
     std::string_view text_;
     std::size_t at_;
@@ -59,13 +62,14 @@ class ProfileLines {
 /// next to nothing.
 class ProfileHeaders {
  public:
-    explicit ProfileHeaders(std::string_view text) : text_(text) {}
+    explicit ProfileHeaders(std::string_view text) : text_(text), lines_(text) {}
 
     /// Takes the next header line; False at the end of the text.
     bool Next(ProfileLine& line);
 
  private:
     std::string_view text_;
+    ProfileLines lines_;
     std::size_t at_ = 0;
 };
 
