@@ -19,6 +19,9 @@ class DryRunConnection final : public IConnection {
 
     std::unique_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) override;
     void Execute(std::string_view statement) override;
+    void BeginTrans() override {}  // there is nothing to commit or to take back
+    void CommitTrans() override {}
+    void Rollback() override {}
     ConnectionFacts Facts() override { return inner_->Facts(); }
 
  private:

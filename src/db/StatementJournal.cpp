@@ -37,9 +37,29 @@ class JournalConnection final : public IConnection {
               [&] { inner_->Execute(statement); });
     }
 
+    void BeginTrans() override {
+        NotedFailure([&] { inner_->BeginTrans(); });
+    }
+    void CommitTrans() override {
+        NotedFailure([&] { inner_->CommitTrans(); });
+    }
+    void Rollback() override {
+        NotedFailure([&] { inner_->Rollback(); });
+    }
     ConnectionFacts Facts() override { return inner_->Facts(); }
 
  private:
+    /// Calls that are no statements.
+    template <class Call>
+    void NotedFailure(Call&& call) {
+        try {
+            std::forward<Call>(call)();
+        } catch (const RunTimeError& error) {
+            journal_.CallFailed(error.Diagnostics());
+            throw;
+        }
+    }
+
     std::unique_ptr<Recordset> OpenTable(const std::string& table) {
         const std::shared_ptr<Recordset> inner = inner_->OpenRecordset(table, RecordsetType::Dynaset);
         return std::make_unique<Recordset>([this, table, inner](const std::vector<RecordField>& record) {
@@ -69,7 +89,7 @@ class JournalWorkspace final : public IWorkspace {
                 connection = std::make_unique<DryRunConnection>(std::move(connection));
             return std::make_unique<JournalConnection>(std::move(connection), journal_);
         } catch (const RunTimeError& error) {
-            journal_.ConnectFailed(error.Diagnostics());
+            journal_.CallFailed(error.Diagnostics());
             throw;
         }
     }

@@ -30,7 +30,9 @@ class StatementJournal {
 
     void Add(JournalEntry entry) { entries_.push_back(std::move(entry)); }
     void LastFailed(const std::vector<std::string>& diagnostics);
-    void ConnectFailed(const std::vector<std::string>& diagnostics) { diagnostics_ = diagnostics; }
+
+    /// For a call that is no statement: a connect, the begin or the end of a transaction.
+    void CallFailed(const std::vector<std::string>& diagnostics) { diagnostics_ = diagnostics; }
 
  private:
     std::vector<JournalEntry> entries_;

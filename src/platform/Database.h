@@ -28,8 +28,9 @@ struct ConnectionFacts {
     std::string database;  ///< the current database or its file
 };
 
-/// An open link to a database; closed by its destructor. Every statement is committed by itself.
-/// All calls raise RunTimeError 3146 with the driver's diagnostics, or 3420 once the link is dead.
+/// An open link to a database; closed by its destructor. Every statement is committed by itself, unless a
+/// transaction has begun. All calls raise RunTimeError 3146 with the driver's diagnostics, or 3420 once the
+/// link is dead.
 class IConnection {
  public:
     virtual ~IConnection() = default;
@@ -41,6 +42,18 @@ class IConnection {
 
     /// Runs a statement that changes rows, sent as it stands. Changing no row is success.
     virtual void Execute(std::string_view statement) = 0;
+
+    /// Begins a transaction that sees nothing of other programs' work until it ends: the statements that
+    /// follow are committed together or not at all. It is rolled back when the connection is closed or lost
+    /// and when the program ends. One that the driver cannot isolate is refused (3146) and nothing begins.
+    virtual void BeginTrans() = 0;
+
+    /// Commits what was done since BeginTrans. After a failure the transaction may still be open: roll it
+    /// back. When that fails too, only the database knows whether it has kept all or nothing.
+    virtual void CommitTrans() = 0;
+
+    /// Takes back what was done since BeginTrans.
+    virtual void Rollback() = 0;
 
     virtual ConnectionFacts Facts() = 0;
 };

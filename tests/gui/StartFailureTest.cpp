@@ -212,6 +212,9 @@ struct VersionRow final : IDBEngine {
             return rows;
         }
         void Execute(std::string_view statement) override { ADD_FAILURE() << statement; }
+        void BeginTrans() override { ADD_FAILURE(); }
+        void CommitTrans() override { ADD_FAILURE(); }
+        void Rollback() override { ADD_FAILURE(); }
         ConnectionFacts Facts() override { return {}; }
     };
     struct Workspace final : IWorkspace {

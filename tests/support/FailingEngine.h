@@ -11,6 +11,11 @@
 
 namespace ventlock::test {
 
+/// What a FailingEngine takes the calls for that begin and end a transaction.
+inline constexpr const char* kBeginTrans = "BeginTrans";
+inline constexpr const char* kCommitTrans = "CommitTrans";
+inline constexpr const char* kRollback = "Rollback";
+
 /// Which statement a FailingEngine refuses; nothing at first. A refused statement does not reach the
 /// database.
 class StatementFailure {
@@ -48,6 +53,18 @@ inline EngineFactory Failing(EngineFactory createEngine, StatementFailure& failu
         void Execute(std::string_view statement) override {
             failure_.Meet(statement);
             below_->Execute(statement);
+        }
+        void BeginTrans() override {
+            failure_.Meet(kBeginTrans);
+            below_->BeginTrans();
+        }
+        void CommitTrans() override {
+            failure_.Meet(kCommitTrans);
+            below_->CommitTrans();
+        }
+        void Rollback() override {
+            failure_.Meet(kRollback);
+            below_->Rollback();
         }
         ConnectionFacts Facts() override { return below_->Facts(); }
 

@@ -12,6 +12,8 @@
 namespace ventlock::odbc {
 
 Link::~Link() {
+    // A connection with an open transaction is not to be closed.
+    if (inTransaction_ && !dead_) SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), SQL_ROLLBACK);
     if (connected_) SQLDisconnect(connection_.Get());
 }
 
@@ -43,6 +45,41 @@ RunTimeError Link::Failure(SQLSMALLINT handleType, SQLHANDLE handle) {
         if (TellsBrokenLink(diagnostics) || (SQL_SUCCEEDED(result) && dead == SQL_CD_TRUE)) MarkDead();
     }
     return RunTimeError::OdbcCallFailed(DiagnosticTexts(diagnostics, passwords_));
+}
+
+bool Link::OffersSerializable() const {
+    SQLUSMALLINT capable = SQL_TC_NONE;
+    SQLUINTEGER levels = 0;
+    return SQL_SUCCEEDED(
+               SQLGetInfoW(connection_.Get(), SQL_TXN_CAPABLE, &capable, sizeof(capable), nullptr)) &&
+           SQL_SUCCEEDED(
+               SQLGetInfoW(connection_.Get(), SQL_TXN_ISOLATION_OPTION, &levels, sizeof(levels), nullptr)) &&
+           capable != SQL_TC_NONE && (levels & SQL_TXN_SERIALIZABLE) != 0;
+}
+
+void Link::SetAttribute(SQLINTEGER attribute, SQLULEN value) {
+    const SQLRETURN result =
+        SQLSetConnectAttrW(connection_.Get(), attribute, AttributeValue(value), SQL_IS_UINTEGER);
+    if (!SQL_SUCCEEDED(result)) throw Failure(SQL_HANDLE_DBC, connection_.Get());
+}
+
+void Link::Begin() {
+    if (!OffersSerializable()) {
+        throw RunTimeError::OdbcCallFailed({"[HYC00] The driver offers no serializable transactions (0)"});
+    }
+    SetAttribute(SQL_ATTR_TXN_ISOLATION, SQL_TXN_SERIALIZABLE);
+    SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_OFF);
+    inTransaction_ = true;
+}
+
+void Link::End(SQLSMALLINT how) {
+    const SQLRETURN result = SQLEndTran(SQL_HANDLE_DBC, connection_.Get(), how);
+    if (!SQL_SUCCEEDED(result)) throw Failure(SQL_HANDLE_DBC, connection_.Get());
+    inTransaction_ = false;
+    // The end stands whatever happens here; a link whose statements would wait for another end is of no use.
+    const SQLRETURN back = SQLSetConnectAttrW(connection_.Get(), SQL_ATTR_AUTOCOMMIT,
+                                              AttributeValue(SQL_AUTOCOMMIT_ON), SQL_IS_UINTEGER);
+    if (!SQL_SUCCEEDED(back)) MarkDead();
 }
 
 ConnectionFacts Link::Facts() const {

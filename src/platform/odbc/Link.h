@@ -28,6 +28,12 @@ class Link {
     /// Connects without asking anybody. @throws RunTimeError 3146.
     void Connect(std::string_view connect, std::chrono::milliseconds loginLimit, bool readOnly);
 
+    /// Begins a transaction of its own on serializable rows. @throws RunTimeError 3146, and nothing begins.
+    void Begin();
+
+    /// Ends the transaction; `how` is SQL_COMMIT or SQL_ROLLBACK. @throws RunTimeError 3146.
+    void End(SQLSMALLINT how);
+
     /// What the connection tells about itself.
     [[nodiscard]] ConnectionFacts Facts() const;
 
@@ -44,10 +50,13 @@ class Link {
 
  private:
     [[nodiscard]] std::string Fact(SQLUSMALLINT kind) const;
+    [[nodiscard]] bool OffersSerializable() const;
+    void SetAttribute(SQLINTEGER attribute, SQLULEN value);
 
     std::shared_ptr<const EnvironmentHandle> environment_;
     ConnectionHandle connection_;
     bool connected_ = false;
+    bool inTransaction_ = false;
     TextForm form_ = TextForm::Wide;
     std::atomic<bool> dead_ = false;
     std::vector<std::string> passwords_;

@@ -32,6 +32,21 @@ void OdbcConnection::Execute(std::string_view statement) {
     session->Change([text = std::string(statement)](Statement& onIt) { onIt.Execute(text); });
 }
 
+void OdbcConnection::BeginTrans() {
+    const std::shared_ptr<Session> session = session_;
+    session->BeginTransaction();
+}
+
+void OdbcConnection::CommitTrans() {
+    const std::shared_ptr<Session> session = session_;
+    session->CommitTransaction();
+}
+
+void OdbcConnection::Rollback() {
+    const std::shared_ptr<Session> session = session_;
+    session->RollbackTransaction();
+}
+
 ConnectionFacts OdbcConnection::Facts() {
     const std::shared_ptr<Session> session = session_;
     return session->Facts();

@@ -15,6 +15,9 @@ class OdbcConnection final : public IConnection {
 
     std::unique_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) override;
     void Execute(std::string_view statement) override;
+    void BeginTrans() override;
+    void CommitTrans() override;
+    void Rollback() override;
     ConnectionFacts Facts() override;
 
  private:

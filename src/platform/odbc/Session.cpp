@@ -93,6 +93,18 @@ void Session::Change(std::function<void(Statement&)> work) {
         limit, kQueryPassed);
 }
 
+void Session::BeginTransaction() {
+    Call([](Link& link, Cancellation& /*unused*/) { link.Begin(); }, limits_.query, kQueryPassed);
+}
+
+void Session::CommitTransaction() {
+    Call([](Link& link, Cancellation& /*unused*/) { link.End(SQL_COMMIT); }, limits_.query, kQueryPassed);
+}
+
+void Session::RollbackTransaction() {
+    Call([](Link& link, Cancellation& /*unused*/) { link.End(SQL_ROLLBACK); }, limits_.query, kQueryPassed);
+}
+
 ConnectionFacts Session::Facts() {
     const auto facts = std::make_shared<ConnectionFacts>();
     Call([facts](Link& link, Cancellation& /*unused*/) { *facts = link.Facts(); }, limits_.query,

@@ -33,6 +33,11 @@ class Session {
     /// because what it changed stays changed. @throws RunTimeError 3146, 3420.
     void Change(std::function<void(Statement&)> work);
 
+    /// The link's transaction, see IConnection. @throws RunTimeError 3146, 3420.
+    void BeginTransaction();
+    void CommitTransaction();
+    void RollbackTransaction();
+
     /// @throws RunTimeError 3146, 3420.
     ConnectionFacts Facts();
 

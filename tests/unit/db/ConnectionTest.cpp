@@ -51,6 +51,9 @@ struct AskedEngine {
             return std::make_unique<Recordset>(std::vector<std::string>{"n"});
         }
         void Execute(std::string_view /*statement*/) override {}
+        void BeginTrans() override {}
+        void CommitTrans() override {}
+        void Rollback() override {}
         ConnectionFacts Facts() override { return {}; }
     };
     struct Workspace final : IWorkspace {
