@@ -92,18 +92,21 @@ std::int32_t ToItemData(double value) {
     return Rounded<std::int32_t>(value);
 }
 
+std::optional<double> WholeNumber(std::string_view text) {
+    const std::string_view trimmed = Trim(text);
+    const LeadingNumber read = ReadLeadingNumber(trimmed);
+    if (read.length == 0 || read.length != trimmed.size()) return std::nullopt;
+    return read.value;
+}
+
 bool SameNumber(const std::optional<std::string_view>& column, double number) {
-    if (!column) return false;
-    const std::string_view text = Trim(*column);
-    const LeadingNumber read = ReadLeadingNumber(text);
-    return read.length != 0 && read.length == text.size() && read.value == number;
+    return column && WholeNumber(*column) == number;
 }
 
 double RequireNumber(std::string_view text) {
-    const std::string_view trimmed = Trim(text);
-    const LeadingNumber read = ReadLeadingNumber(trimmed);
-    if (read.length == 0 || read.length != trimmed.size()) throw RunTimeError(ErrorNumber::TypeMismatch);
-    return read.value;
+    const std::optional<double> number = WholeNumber(text);
+    if (!number) throw RunTimeError(ErrorNumber::TypeMismatch);
+    return *number;
 }
 
 std::string DecimalText(double value) {

@@ -20,6 +20,9 @@ std::int16_t ToInteger(double value);
 /// @throws RunTimeError 6 out of range.
 std::int32_t ToItemData(double value);
 
+/// The number of a text that is one as a whole, blanks around it allowed; nothing for any other text.
+std::optional<double> WholeNumber(std::string_view text);
+
 /// True when the trimmed column text as a whole is a decimal number equal to `number`. NULL, empty and other
 /// text never match and raise nothing: "38", " 38", "038" and "38   " are all 38.
 bool SameNumber(const std::optional<std::string_view>& column, double number);

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "core/AppObjects.h"
+#include "db/SearchIndex.h"
 #include "platform/Database.h"
 
 namespace ventlock {
@@ -14,5 +15,10 @@ IConnection& DatabaseOf(const AppObjects* oAppObjects);
 
 /// A snapshot of a query's rows on that connection.
 std::unique_ptr<Recordset> OpenSnapshot(const AppObjects* oAppObjects, std::string_view statement);
+
+/// A snapshot for a walk that looks for a row. In a transaction rows that make no difference to the walk are
+/// left out.
+std::unique_ptr<Recordset> OpenSearch(const AppObjects* oAppObjects, std::string_view statement,
+                                      const RowSearch& search);
 
 }  // namespace ventlock

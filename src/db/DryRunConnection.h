@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "db/NewRow.h"
 #include "platform/Database.h"
 
 namespace ventlock {
@@ -25,10 +26,8 @@ class DryRunConnection final : public IConnection {
     ConnectionFacts Facts() override { return inner_->Facts(); }
 
  private:
-    using Row = std::map<std::string, std::string>;  ///< value by upper-cased column name
-
     std::unique_ptr<IConnection> inner_;
-    std::map<std::string, std::vector<Row>> newRows_;  ///< by upper-cased table name
+    std::map<std::string, std::vector<NewRow>> newRows_;  ///< by table
 };
 
 }  // namespace ventlock

@@ -4,10 +4,12 @@
 
 namespace ventlock {
 
-void RunningMaximum::Consider(const Field& field) {
-    if (field.IsNull()) return;
+bool RunningMaximum::Consider(const Field& field) {
+    if (field.IsNull()) return false;
     const double number = NumericValue(*field.Value());
-    if (number > largest_) largest_ = ToInteger(number);
+    if (number <= largest_) return false;
+    largest_ = ToInteger(number);
+    return true;
 }
 
 std::int16_t RunningMaximum::Next() const {

@@ -10,8 +10,9 @@ namespace ventlock {
 class RunningMaximum {
  public:
     /// Keeps the column's number when it is greater. NULL and text without a number change nothing.
+    /// @return True when the number was kept
     /// @throws RunTimeError 6 when the number to keep exceeds 16 bits.
-    void Consider(const Field& field);
+    bool Consider(const Field& field);
 
     /// The number after the largest. @throws RunTimeError 6 past 32767.
     [[nodiscard]] std::int16_t Next() const;

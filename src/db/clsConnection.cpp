@@ -1,5 +1,7 @@
 #include "db/clsConnection.h"
 
+#include "base/RunTimeError.h"
+
 namespace ventlock {
 
 bool clsConnection::Init(const AppObjects& oAppObjects, const std::optional<std::int16_t>& vOperation,
@@ -16,6 +18,7 @@ bool clsConnection::Init(const AppObjects& oAppObjects, const std::optional<std:
 
 bool clsConnection::Connect() {
     return Guarded(oAppObjects_, "CONNconn", false, [&](StepLabel& step) {
+        transaction_.reset();
         connection_.reset();
         workspace_.reset();
         diagnostics_.clear();
@@ -31,6 +34,40 @@ bool clsConnection::Connect() {
             diagnostics_ = error.Diagnostics();
             throw;
         }
+        return true;
+    });
+}
+
+IConnection* clsConnection::DB() const noexcept {
+    if (transaction_) return transaction_.get();
+    return connection_.get();
+}
+
+IConnection& clsConnection::RequireOpen() {
+    if (!connection_) throw RunTimeError(ErrorNumber::ObjectVariableNotSet);
+    return *connection_;
+}
+
+bool clsConnection::BeginTrans() {
+    return Guarded(oAppObjects_, "CONNbeg", false, [&](StepLabel&) {
+        RequireOpen().BeginTrans();
+        transaction_ = std::make_unique<TransactionConnection>(*connection_);
+        return true;
+    });
+}
+
+bool clsConnection::CommitTrans() {
+    return Guarded(oAppObjects_, "CONNcom", false, [&](StepLabel&) {
+        RequireOpen().CommitTrans();
+        transaction_.reset();
+        return true;
+    });
+}
+
+bool clsConnection::Rollback() {
+    return Guarded(oAppObjects_, "CONNrol", false, [&](StepLabel&) {
+        transaction_.reset();
+        RequireOpen().Rollback();
         return true;
     });
 }

@@ -9,6 +9,7 @@
 
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
+#include "db/TransactionConnection.h"
 #include "platform/Database.h"
 
 namespace ventlock {
@@ -29,14 +30,29 @@ class clsConnection final : public AppObject {
               const std::optional<std::string>& vAppID = {});
 
     /// The open connection, nullptr before the first and after a failed connect. Owned by this object and
-    /// replaced by the next Init.
-    [[nodiscard]] IConnection* DB() const noexcept { return connection_.get(); }
+    /// replaced by the next Init, by BeginTrans and by the transaction's end.
+    [[nodiscard]] IConnection* DB() const noexcept;
+
+    /// Begins a transaction: until its end every query of DB is sent once. False after a logged error, for
+    /// example of a driver that cannot keep other programs out; nothing has begun then.
+    bool BeginTrans();
+
+    /// Commits. False after a logged error; the transaction is still to be rolled back then.
+    bool CommitTrans();
+
+    /// Takes back all that was done since BeginTrans. False after a logged error: when a commit was tried
+    /// before, only the database knows what it has kept.
+    bool Rollback();
+
+    /// The connection's transaction, nullptr when there is none.
+    [[nodiscard]] TransactionConnection* Transaction() const noexcept { return transaction_.get(); }
 
     /// The driver's records of the last connect when it failed, in their order; none after a good one.
     [[nodiscard]] const std::vector<std::string>& Diagnostics() const noexcept { return diagnostics_; }
 
  private:
     bool Connect();
+    IConnection& RequireOpen();
 
     EngineFactory createEngine_;
     bool isConnected_ = false;
@@ -44,6 +60,7 @@ class clsConnection final : public AppObject {
     std::unique_ptr<IDBEngine> engine_;
     std::unique_ptr<IWorkspace> workspace_;
     std::unique_ptr<IConnection> connection_;
+    std::unique_ptr<TransactionConnection> transaction_;
     std::vector<std::string> diagnostics_;
     const AppObjects* oAppObjects_ = nullptr;
 };

@@ -113,7 +113,9 @@ std::int16_t clsDevice::SearchType(StepLabel& step) {
     const double type = HexToNumber(DevID);
     RunningMaximum largest;
     step = "01";
-    const auto rows = OpenSnapshot(oAppObjects_, Fill(statements::kSearchedTable, {tables::kDeviceTypes}));
+    const auto rows = OpenSearch(
+        oAppObjects_, Fill(statements::kSearchedTable, {tables::kDeviceTypes}),
+        {{{"DeviceType", type}, {"MfrProtocolID", static_cast<double>(ManProtID)}}, {"TAVDevTypeID"}});
     for (; !rows->AtEnd(); rows->MoveNext()) {
         if (SameNumber(rows->Column("DeviceType").Value(), type) &&
             SameNumber(rows->Column("MfrProtocolID").Value(), ManProtID)) {
@@ -147,7 +149,9 @@ std::int16_t clsDevice::SearchRevision(StepLabel& step) {
     RunningMaximum largest;
     step = "01";
     const auto rows =
-        OpenSnapshot(oAppObjects_, Fill(statements::kSearchedTable, {tables::kDeviceRevisions}));
+        OpenSearch(oAppObjects_, Fill(statements::kSearchedTable, {tables::kDeviceRevisions}),
+                   {{{"TAVDevTypeID", static_cast<double>(*devTypeID_)}, {"DeviceRevision", revision}},
+                    {"TAVDevRevID"}});
     for (; !rows->AtEnd(); rows->MoveNext()) {
         if (SameNumber(rows->Column("TAVDevTypeID").Value(), *devTypeID_) &&
             SameNumber(rows->Column("DeviceRevision").Value(), revision)) {

@@ -86,7 +86,8 @@ std::int16_t clsManufacturer::SearchNumber(StepLabel& step) {
     RunningMaximum largestName;
     RunningMaximum largestProtocol;
     step = "01";
-    const auto rows = OpenSnapshot(oAppObjects_, Fill(statements::kSearchedTable, {tables::kMfrProtocols}));
+    const auto rows = OpenSearch(oAppObjects_, Fill(statements::kSearchedTable, {tables::kMfrProtocols}),
+                                 {{{"MfrId", manufacturer}}, {"TAVMfrNameID", "MfrProtocolID"}});
     step = "01.1";
     for (; !rows->AtEnd(); rows->MoveNext()) {
         const bool sameManufacturer = SameNumber(rows->Column("MfrId").Value(), manufacturer);

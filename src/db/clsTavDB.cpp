@@ -153,7 +153,7 @@ std::string clsTavDB::GetCategoryID(const std::string& szCategory, std::int16_t 
             CategoryStatement(iOperation, statements::kMajorCategories, statements::kMinorCategories);
         RunningMaximum largest;
         step = "02";
-        const auto rows = OpenSnapshot(oAppObjects_, select);
+        const auto rows = OpenSearch(oAppObjects_, select, {{{"DevCatName", szCategory}}, {"DevCat"}});
         for (; !rows->AtEnd(); rows->MoveNext()) {
             const Field name = rows->Column("DevCatName");
             if (!name.IsNull() && EqualIgnoringCase(*name.Value(), szCategory)) {
@@ -181,7 +181,9 @@ std::string clsTavDB::GetDevCatID(const std::string& szMajCat, const std::string
         const double minor = NumericValue(szMinCat);
         RunningMaximum largest;
         step = "01";
-        const auto rows = OpenSnapshot(oAppObjects_, statements::kDeviceCategories);
+        const auto rows = OpenSearch(
+            oAppObjects_, statements::kDeviceCategories,
+            {{{"MajorDeviceCategoryId", major}, {"MinorDeviceCategoryId", minor}}, {"DeviceCategoryID"}});
         for (; !rows->AtEnd(); rows->MoveNext()) {
             if (SameNumber(rows->Column("MajorDeviceCategoryId").Value(), major) &&
                 SameNumber(rows->Column("MinorDeviceCategoryId").Value(), minor)) {

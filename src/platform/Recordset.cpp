@@ -17,7 +17,7 @@ std::int16_t Field::Integer() const {
     return ToInteger(Number());
 }
 
-void Recordset::AppendRow(const std::vector<std::optional<std::string_view>>& cells) {
+void Recordset::AppendRow(const RowCells& cells) {
     if (cells.size() != columns_.size()) throw RunTimeError(ErrorNumber::InvalidProcedureCall);
     for (const auto& text : cells) {
         cells_.push_back(text ? Cell{texts_.size(), text->size()} : Cell{});
@@ -26,21 +26,34 @@ void Recordset::AppendRow(const std::vector<std::optional<std::string_view>>& ce
 }
 
 Field Recordset::Column(std::string_view name) const {
-    const std::size_t column = ColumnIndex(name);
+    const std::optional<std::size_t> column = FindColumn(name);
+    if (!column) throw RunTimeError(ErrorNumber::ItemNotFound, name);
     if (AtEnd()) throw RunTimeError(ErrorNumber::NoCurrentRecord);
-    const Cell& cell = cells_[row_ * columns_.size() + column];
-    if (cell.length == kNull) return Field(std::nullopt);
-    return Field(std::string_view(texts_).substr(cell.begin, cell.length));
+    return Field(CellText(*column));
 }
 
-std::size_t Recordset::ColumnIndex(std::string_view name) const {
+RowCells Recordset::Cells() const {
+    if (AtEnd()) throw RunTimeError(ErrorNumber::NoCurrentRecord);
+    RowCells cells;
+    cells.reserve(columns_.size());
+    for (std::size_t column = 0; column < columns_.size(); ++column) cells.push_back(CellText(column));
+    return cells;
+}
+
+std::optional<std::string_view> Recordset::CellText(std::size_t column) const {
+    const Cell& cell = cells_[row_ * columns_.size() + column];
+    if (cell.length == kNull) return std::nullopt;
+    return std::string_view(texts_).substr(cell.begin, cell.length);
+}
+
+std::optional<std::size_t> Recordset::FindColumn(std::string_view name) const {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         if (columns_[i] == name) return i;
     }
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         if (EqualIgnoringCase(columns_[i], name)) return i;
     }
-    throw RunTimeError(ErrorNumber::ItemNotFound, name);
+    return std::nullopt;
 }
 
 void Recordset::AddNew() {

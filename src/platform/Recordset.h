@@ -43,6 +43,9 @@ struct RecordField {
     RecordValue value;
 };
 
+/// The texts of one row, one a column; nothing for NULL.
+using RowCells = std::vector<std::optional<std::string_view>>;
+
 /// All rows of a query, read to the end and independent of the connection (a snapshot), or a table that takes
 /// new records. A snapshot stands on its first row after it was opened; column names ignore case.
 class Recordset {
@@ -57,9 +60,10 @@ class Recordset {
     explicit Recordset(Inserter insert) : insert_(std::move(insert)) {}
 
     /// Adds a row at the end; `cells` has one value a column. For those who make recordsets.
-    void AppendRow(const std::vector<std::optional<std::string_view>>& cells);
+    void AppendRow(const RowCells& cells);
 
     [[nodiscard]] const std::vector<std::string>& Columns() const noexcept { return columns_; }
+    [[nodiscard]] bool HasColumn(std::string_view name) const { return FindColumn(name).has_value(); }
     [[nodiscard]] std::size_t RecordCount() const noexcept {
         return columns_.empty() ? 0 : cells_.size() / columns_.size();
     }
@@ -67,6 +71,12 @@ class Recordset {
     /// True behind the last row.
     [[nodiscard]] bool AtEnd() const noexcept { return row_ >= RecordCount(); }
     void MoveNext() noexcept { ++row_; }
+
+    /// Stands on the row of this number, 0 for the first.
+    void MoveTo(std::size_t row) noexcept { row_ = row; }
+
+    /// The current row whole. It lives until a row is added. @throws RunTimeError 3021 at the end.
+    [[nodiscard]] RowCells Cells() const;
 
     /// The current row's column. @throws RunTimeError 3021 at the end, 3265 for an unknown name.
     [[nodiscard]] Field Column(std::string_view name) const;
@@ -87,7 +97,8 @@ class Recordset {
     };
     static constexpr std::size_t kNull = static_cast<std::size_t>(-1);
 
-    [[nodiscard]] std::size_t ColumnIndex(std::string_view name) const;
+    [[nodiscard]] std::optional<std::size_t> FindColumn(std::string_view name) const;
+    [[nodiscard]] std::optional<std::string_view> CellText(std::size_t column) const;
 
     std::vector<std::string> columns_;
     std::vector<Cell> cells_;  ///< row by row

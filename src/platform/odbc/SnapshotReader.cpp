@@ -18,8 +18,6 @@ constexpr std::size_t kRowsInBlock = 256;
 constexpr SQLLEN kLongestBound = 1024;     // characters
 constexpr std::size_t kPieceUnits = 4096;  // of a long text
 
-using RowCells = std::vector<std::optional<std::string_view>>;
-
 struct ColumnFacts {
     std::string name;
     std::size_t units = 0;  // of the longest text with its NUL, 0: long or unknown
