@@ -30,6 +30,9 @@ inline constexpr std::string_view kNewDeviceCategory =
     "INSERT INTO DeviceCategories        (DeviceCategoryId, MajorDeviceCategoryId, MinorDeviceCategoryId) "
     "VALUES "
     "('?', '?', '?') ";
+/// Changes no row. SQLite has one lock for all who write: a transaction that reads first and asks for it
+/// later may stand in the way of one that has it and cannot end before the reader goes.
+inline constexpr std::string_view kClaimTables = "UPDATE Manufacturers    SET Name = Name  WHERE 1 = 0 ";
 inline constexpr std::string_view kNewManufacturer =
     "INSERT INTO ?        (TavMfrNameId, Name, Description) VALUES (?, '?', '?') ";
 inline constexpr std::string_view kChangeManufacturer =

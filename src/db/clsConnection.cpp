@@ -1,6 +1,8 @@
 #include "db/clsConnection.h"
 
 #include "base/RunTimeError.h"
+#include "db/SchemaVersion.h"
+#include "db/Statements.h"
 
 namespace ventlock {
 
@@ -48,10 +50,15 @@ IConnection& clsConnection::RequireOpen() {
     return *connection_;
 }
 
-bool clsConnection::BeginTrans() {
-    return Guarded(oAppObjects_, "CONNbeg", false, [&](StepLabel&) {
-        RequireOpen().BeginTrans();
-        transaction_ = std::make_unique<TransactionConnection>(*connection_);
+bool clsConnection::BeginTrans(std::int16_t schemaVersion) {
+    return Guarded(oAppObjects_, "CONNbeg", false, [&](StepLabel& step) {
+        IConnection& connection = RequireOpen();
+        step = "01";
+        connection.BeginTrans();
+        transaction_ = std::make_unique<TransactionConnection>(connection);
+        if (schemaVersion < kCurrentSchema) return true;
+        step = "02";
+        connection.Execute(statements::kClaimTables);
         return true;
     });
 }

@@ -33,9 +33,11 @@ class clsConnection final : public AppObject {
     /// replaced by the next Init, by BeginTrans and by the transaction's end.
     [[nodiscard]] IConnection* DB() const noexcept;
 
-    /// Begins a transaction: until its end every query of DB is sent once. False after a logged error, for
-    /// example of a driver that cannot keep other programs out; nothing has begun then.
-    bool BeginTrans();
+    /// Begins a transaction: until its end every query of DB is sent once. With the current schema, whose
+    /// tables are read before they are written, it waits until no other program writes. False after a logged
+    /// error, for example of a driver that cannot keep other programs out. `Transaction` is still to be
+    /// rolled back then if there is one.
+    bool BeginTrans(std::int16_t schemaVersion);
 
     /// Commits. False after a logged error; the transaction is still to be rolled back then.
     bool CommitTrans();

@@ -11,6 +11,8 @@
 #include <string>
 #include <vector>
 
+#include "db/NewRow.h"
+#include "db/SchemaVersion.h"
 #include "db/StatementJournal.h"
 #include "db/clsTavDB.h"
 #include "support/Fakes.h"
@@ -72,7 +74,10 @@ class Program {
         EXPECT_TRUE(connection_->Init(app_.Objects(), 2, "tables"));
     }
 
-    void BeginTrans() { EXPECT_TRUE(connection_->BeginTrans()); }
+    void BeginTrans() {
+        EXPECT_TRUE(connection_->BeginTrans(kCurrentSchema));
+        journal_.Clear();
+    }
 
     /// Writes a manufacturer; everything that can be seen of it afterwards.
     std::string WriteManufacturer(const std::string& id, const std::string& protocol) {

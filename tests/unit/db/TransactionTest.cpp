@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "db/SchemaVersion.h"
 #include "db/Statements.h"
 #include "db/clsTavDB.h"
 #include "support/DbWorld.h"
@@ -92,20 +93,23 @@ TEST(Transaction, GivesTheRowsOfEntriesThatAreWrittenOneByOne) {
         world->Execute("INSERT INTO MfrProtocols VALUES (9, 4, 1, '38')");
         world->Execute("INSERT INTO DeviceTypes VALUES (3, 9, '10', 'Stored', 'before')");
     }
-    EXPECT_TRUE(together.Connection().BeginTrans());
+    EXPECT_TRUE(together.Connection().BeginTrans(kCurrentSchema));
     for (const Entry& entry : Entries(80)) {
         EXPECT_TRUE(Write(oneByOne, entry));
         EXPECT_TRUE(Write(together, entry));
     }
     EXPECT_TRUE(together.Connection().CommitTrans());
     EXPECT_EQ(Everything(together, DeviceSchema::Current), Everything(oneByOne, DeviceSchema::Current));
-    EXPECT_EQ(Sent(together, false), Sent(oneByOne, false));
+    std::vector<std::string> sent = Sent(together, false);
+    EXPECT_EQ(sent.front(), statements::kClaimTables);
+    sent.erase(sent.begin());
+    EXPECT_EQ(sent, Sent(oneByOne, false));
     EXPECT_THAT(together.Entries(), IsEmpty());
 }
 
 TEST(Transaction, SendsEveryQueryOnce) {
     DbWorld world;
-    EXPECT_TRUE(world.Connection().BeginTrans());
+    EXPECT_TRUE(world.Connection().BeginTrans(kCurrentSchema));
     for (const Entry& entry : Entries(80)) EXPECT_TRUE(Write(world, entry));
     std::vector<std::string> reads;
     for (const JournalEntry& entry : world.Journal().Entries()) {
@@ -120,7 +124,7 @@ TEST(Transaction, SendsEveryQueryOnce) {
 TEST(Transaction, GivesTheRowsOfTheOldSchemaToo) {
     DbWorld oneByOne(DeviceSchema::Old);
     DbWorld together(DeviceSchema::Old);
-    EXPECT_TRUE(together.Connection().BeginTrans());
+    EXPECT_TRUE(together.Connection().BeginTrans(kOldSchema));
     for (DbWorld* world : {&oneByOne, &together}) {
         EXPECT_TRUE(Write(*world, {"26", "0", "0A", "1", "", ""}));
         EXPECT_TRUE(Write(*world, {"27", "0", "0B", "2", "", ""}));
@@ -135,7 +139,7 @@ TEST(Transaction, ThatIsRolledBackLeavesNothing) {
     for (const DeviceSchema schema : {DeviceSchema::Current, DeviceSchema::Old}) {
         DbWorld world(schema);
         const std::string before = Everything(world, schema);
-        EXPECT_TRUE(world.Connection().BeginTrans());
+        EXPECT_TRUE(world.Connection().BeginTrans(schema == DeviceSchema::Old ? kOldSchema : kCurrentSchema));
         EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "Torque", "Wheel"}));
         EXPECT_TRUE(world.Connection().Rollback());
         EXPECT_EQ(Everything(world, schema), before);
@@ -147,7 +151,7 @@ TEST(Transaction, ThatIsRolledBackLeavesNothing) {
 TEST(Transaction, ThatAClosedConnectionLeavesIsRolledBack) {
     DbWorld world;
     const std::string before = Everything(world, DeviceSchema::Current);
-    EXPECT_TRUE(world.Connection().BeginTrans());
+    EXPECT_TRUE(world.Connection().BeginTrans(kCurrentSchema));
     EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "Torque", "Wheel"}));
     EXPECT_TRUE(world.Connect(world.Dsn()));
     EXPECT_EQ(world.Connection().Transaction(), nullptr);
@@ -157,7 +161,7 @@ TEST(Transaction, ThatAClosedConnectionLeavesIsRolledBack) {
 
 TEST(Transaction, ReadsATableAgainWhenATextMayBeStoredOtherwise) {
     DbWorld world;
-    EXPECT_TRUE(world.Connection().BeginTrans());
+    EXPECT_TRUE(world.Connection().BeginTrans(kCurrentSchema));
     clsTavDB tavDB(world.Events());
     ASSERT_TRUE(tavDB.Init(world.Objects(), 2));
     const std::string first = tavDB.GetCategoryID("a\\b", kMajorCategory);
@@ -173,17 +177,30 @@ TEST(Transaction, ReadsATableAgainWhenATextMayBeStoredOtherwise) {
 TEST(Transaction, OneThatCannotBeginIsLoggedAndEveryStatementCommitsByItself) {
     DbWorld world;
     world.Failure().FailAt(kBeginTrans, 1, RunTimeError::OdbcCallFailed({"[HYC00] None here (0)"}));
-    EXPECT_FALSE(world.Connection().BeginTrans());
+    EXPECT_FALSE(world.Connection().BeginTrans(kCurrentSchema));
     EXPECT_EQ(world.Connection().Transaction(), nullptr);
-    EXPECT_THAT(world.Entries(), ElementsAre("CONNbeg-00: ODBC--call failed. [HYC00] None here (0) (3146)"));
+    EXPECT_THAT(world.Entries(), ElementsAre("CONNbeg-01: ODBC--call failed. [HYC00] None here (0) (3146)"));
     EXPECT_THAT(world.Journal().Diagnostics(), ElementsAre("[HYC00] None here (0)"));
     EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "", ""}));
     EXPECT_EQ(world.Rows("SELECT Name FROM Manufacturers"), "Maker 26\n");
 }
 
+TEST(Transaction, OneThatCannotHaveTheTablesIsStillToBeRolledBack) {
+    DbWorld world;
+    world.Failure().FailAt(std::string(statements::kClaimTables), 1,
+                           RunTimeError::OdbcCallFailed({"[HY000] database is locked (5)"}));
+    EXPECT_FALSE(world.Connection().BeginTrans(kCurrentSchema));
+    EXPECT_THAT(world.Entries(),
+                ElementsAre("CONNbeg-02: ODBC--call failed. [HY000] database is locked (5) (3146)"));
+    ASSERT_NE(world.Connection().Transaction(), nullptr);
+    EXPECT_TRUE(world.Connection().Rollback());
+    EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "", ""}));
+    EXPECT_EQ(world.Rows("SELECT Name FROM Manufacturers"), "Maker 26\n") << "by itself";
+}
+
 TEST(Transaction, ACommitThatFailsIsLoggedAndCanBeRolledBack) {
     DbWorld world;
-    EXPECT_TRUE(world.Connection().BeginTrans());
+    EXPECT_TRUE(world.Connection().BeginTrans(kCurrentSchema));
     EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "", ""}));
     world.Failure().FailAt(kCommitTrans, 1, RunTimeError::OdbcCallFailed({"[40001] Not now (0)"}));
     EXPECT_FALSE(world.Connection().CommitTrans());
@@ -194,7 +211,7 @@ TEST(Transaction, ACommitThatFailsIsLoggedAndCanBeRolledBack) {
 
 TEST(Transaction, ARollbackThatFailsIsLogged) {
     DbWorld world;
-    EXPECT_TRUE(world.Connection().BeginTrans());
+    EXPECT_TRUE(world.Connection().BeginTrans(kCurrentSchema));
     world.Failure().FailAt(kRollback, 1, RunTimeError::OdbcCallFailed({"[08S01] Gone (0)"}));
     EXPECT_FALSE(world.Connection().Rollback());
     EXPECT_THAT(world.Entries(), ElementsAre("CONNrol-00: ODBC--call failed. [08S01] Gone (0) (3146)"));
@@ -203,14 +220,14 @@ TEST(Transaction, ARollbackThatFailsIsLogged) {
 TEST(Transaction, NeedsAnOpenConnection) {
     DbWorld world;
     EXPECT_FALSE(world.Connect("nowhere"));
-    EXPECT_FALSE(world.Connection().BeginTrans());
+    EXPECT_FALSE(world.Connection().BeginTrans(kCurrentSchema));
     EXPECT_EQ(world.Entries().back(), "CONNbeg-00: Object variable or With block variable not set (91)");
 }
 
 TEST(Transaction, OfADryRunBeginsAndWritesNothing) {
     DbWorld world(DeviceSchema::Current, StatementMode::DryRun);
     world.Failure().FailAt(kBeginTrans, 1, RunTimeError::OdbcCallFailed({"asked"}));
-    EXPECT_TRUE(world.Connection().BeginTrans());
+    EXPECT_TRUE(world.Connection().BeginTrans(kCurrentSchema));
     EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "Torque", "Wheel"}));
     EXPECT_TRUE(Write(world, {"26", "0", "0B", "1", "Torque", "Wheel"}));
     EXPECT_TRUE(world.Connection().CommitTrans());
