@@ -71,6 +71,12 @@ std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool is
            "info\".";
 }
 
+std::string TransactionAdvice(const std::vector<std::string>& diagnostics) {
+    if (!odbc::TellNoTransactions(diagnostics)) return StatementAdvice(diagnostics);
+    return "The data source's driver cannot keep other programs out until all entries are written. Leave "
+           "--one-transaction out: every entry is written by itself then.";
+}
+
 std::string FileAdvice(ErrorNumber number) {
     switch (number) {
         case ErrorNumber::PathNotFound:

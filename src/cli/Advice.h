@@ -16,6 +16,9 @@ std::string ConnectAdvice(const std::vector<std::string>& diagnostics, bool isOp
 /// @param isOldSchema  of the database: there a manufacturer, a type or a revision is stored only once
 std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool isOldSchema = false);
 
+/// What to do when no transaction can be begun.
+std::string TransactionAdvice(const std::vector<std::string>& diagnostics);
+
 /// What to do when a file cannot be read or written.
 std::string FileAdvice(ErrorNumber number);
 

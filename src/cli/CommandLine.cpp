@@ -44,6 +44,7 @@ struct Options {
     std::optional<std::string> iniPath;
     std::optional<std::string> ddInstallPath;
     bool isDryRun = false;
+    bool isOneTransaction = false;
     bool isStrict = false;
     std::string schema = "current";
     std::string databaseFile;
@@ -124,9 +125,12 @@ class Grammar {
         AddDataSource(command);
         command->add_flag("--dry-run", given_.isDryRun,
                           "Write nothing; print the statements and what would change in the files");
+        command->add_flag("--one-transaction", given_.isOneTransaction,
+                          "Write all entries to the database or, when it refuses one, none anywhere");
         Set(command, "register", [this](Services& services, Console& console) {
-            const RegisterOptions options{given_.files, RegisterTargets(), IniPath(services),
-                                          DDInstallPath(services), given_.isDryRun};
+            const RegisterOptions options{given_.files,      RegisterTargets(),
+                                          IniPath(services), DDInstallPath(services),
+                                          given_.isDryRun,   given_.isOneTransaction};
             return RunRegister(services, options, console);
         });
     }
@@ -205,6 +209,11 @@ class Grammar {
 
     [[nodiscard]] Targets RegisterTargets() const {
         if (given_.toAll) return {true, true, true};
+        if (given_.isOneTransaction && !given_.toDatabase) {
+            throw CliError(ExitCode::WrongCall,
+                           "--one-transaction is for the database, which is no target of this call", {},
+                           "Add --db, or leave --one-transaction out.");
+        }
         const Targets targets{given_.toDatabase, given_.toIni, given_.toDDInstall};
         if (!targets.Any()) {
             throw CliError(ExitCode::WrongCall, "no target was named", {},

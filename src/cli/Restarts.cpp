@@ -7,20 +7,41 @@
 #include "platform/odbc/DriverAnswers.h"
 
 namespace ventlock {
+namespace {
+
+using std::chrono::milliseconds;
+
+struct Patience {
+    milliseconds step;     ///< by which the longest pause grows from restart to restart
+    milliseconds longest;  ///< of all pauses
+    int refusalsOfALeftRow;
+};
+
+constexpr Patience kWithEntry{milliseconds(10), milliseconds(100), 15};
+constexpr Patience kWithTransaction{milliseconds(50), milliseconds(1000), 3};
+
+constexpr const Patience& PatienceWith(Restarts::Of what) {
+    return what == Restarts::Of::Entry ? kWithEntry : kWithTransaction;
+}
+
+}  // namespace
 
 bool Restarts::StartAnew(const StatementJournal& journal) {
-    if (count_ == kMostRestarts || journal.Entries().empty()) return false;
     const auto& answer = journal.Diagnostics();
-    if (!odbc::TellDuplicate(answer) && !odbc::TellGivenUp(answer)) return false;
+    if (count_ == kMostRestarts || (!odbc::TellDuplicate(answer) && !odbc::TellGivenUp(answer))) return false;
     ++count_;
-    const std::string& statement = journal.Entries().back().statement;
-    refusals_ = statement == refused_ ? refusals_ + 1 : 1;
+    const std::string statement = journal.Entries().empty() ? "" : journal.Entries().back().statement;
+    refusals_ = !statement.empty() && statement == refused_ ? refusals_ + 1 : 1;
     refused_ = statement;
-    constexpr int kLongestPause = 100;
-    const int longest = std::min(10 * count_, kLongestPause);
+    const Patience& patience = PatienceWith(what_);
+    const milliseconds longest = std::min(patience.step * count_, patience.longest);
     std::this_thread::sleep_for(
-        std::chrono::milliseconds(std::uniform_int_distribution<int>(0, longest)(random_)));
+        milliseconds(std::uniform_int_distribution<milliseconds::rep>(0, longest.count())(random_)));
     return true;
+}
+
+bool Restarts::MetLeftRow() const noexcept {
+    return refusals_ >= PatienceWith(what_).refusalsOfALeftRow;
 }
 
 }  // namespace ventlock

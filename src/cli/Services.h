@@ -56,6 +56,8 @@ class Services {
     [[nodiscard]] IEvents& Events() noexcept { return events_; }
     [[nodiscard]] StatementJournal& Journal() noexcept { return journal_; }
     [[nodiscard]] CollectedMessages& Messages() noexcept { return messages_; }
+    [[nodiscard]] clsLog& Log() const { return objects_.Get<clsLog>(kLogKey); }
+    [[nodiscard]] clsConnection& SharedConnection() noexcept { return *connection_; }
     [[nodiscard]] IConnection* Connection() const noexcept { return connection_->DB(); }
     [[nodiscard]] const DatabaseTimeLimits& TimeLimits() const noexcept { return options_.timeLimits; }
 

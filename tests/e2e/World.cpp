@@ -224,6 +224,7 @@ void World::TraceStatements() const {
     const std::size_t at = sources.find(kSetting);
     ASSERT_NE(at, std::string::npos) << "no data source to trace:\n" << sources;
     sources.insert(at + kSetting.size(), "TraceFile=" + (folder_ / "trace.log") + "\n");
+    WriteBytes(folder_ / "trace.log", "");
     WriteBytes(UserDataSources(), sources);
 }
 

@@ -29,6 +29,10 @@ bool TellDuplicate(const std::vector<std::string>& diagnostics) {
            (Mention(diagnostics, {"[23000]"}) && Mention(diagnostics, {"duplicate"}));
 }
 
+bool TellNoTransactions(const std::vector<std::string>& diagnostics) {
+    return Mention(diagnostics, {"[HYC00]"});
+}
+
 bool TellGivenUp(const std::vector<std::string>& diagnostics) {
     // MariaDB has a state for a deadlock, and none for a row that has changed since it was read.
     return Mention(diagnostics, {"[40001]", "[40P01]", "(1213)", "(1020)"});

@@ -20,6 +20,9 @@ bool TellOtherWordSize(const std::vector<std::string>& diagnostics);
 /// True when a failed statement's records say that a row of the same key is there already.
 bool TellDuplicate(const std::vector<std::string>& diagnostics);
 
+/// True when the begin of a transaction was refused because the driver has none that keep other programs out.
+bool TellNoTransactions(const std::vector<std::string>& diagnostics);
+
 /// True when a failed statement's records say that the database has given it up in favour of another
 /// program's (a deadlock, a serialization failure) and would take it if it were run again.
 bool TellGivenUp(const std::vector<std::string>& diagnostics);

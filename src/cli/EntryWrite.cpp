@@ -1,0 +1,192 @@
+#include "cli/EntryWrite.h"
+
+#include <utility>
+
+#include "base/Numbers.h"
+#include "cli/Advice.h"
+#include "cli/CliError.h"
+#include "cli/UnifiedDiff.h"
+#include "db/SchemaVersion.h"
+#include "entry/GatherEntry.h"
+
+namespace ventlock {
+namespace {
+
+std::string ValueText(const RecordValue& value) {
+    const auto* text = std::get_if<std::string>(&value);
+    return text != nullptr ? "'" + *text + "'" : DecimalText(std::get<double>(value));
+}
+
+}  // namespace
+
+EntryWrite::EntryWrite(RegisterRun& run, const PlannedEntry& entry)
+    : run_(run),
+      entry_(entry),
+      title_("[" + entry.source->name + "] " + entry.path + ":" + std::to_string(entry.source->line)) {}
+
+void EntryWrite::MakeObjects() {
+    Services& services = run_.services;
+    // The facade of the start has passed its check; the first to come writes with it.
+    facade_ = std::move(run_.plan.Database().facade);
+    isReady_ = facade_ != nullptr;
+    if (!isReady_) facade_ = std::make_unique<clsTavDB>(services.Events());
+    pyxConfig_ = std::make_unique<clsPyxConfig>(services.Profiles());
+    pyxConfig_->Init(services.Objects(), 2);
+    ddInstall_ = std::make_unique<clsDDInstall>(services.Profiles());
+    ddInstall_->Init(services.Objects(), 2);
+    ddInstall_->DDVersion = services.Settings().DDVersion();
+}
+
+void EntryWrite::Gather() {
+    GatherEntry(entry_.form, run_.plan.Database().schemaVersion, &run_.services.Objects(), *facade_,
+                *ddInstall_, *pyxConfig_);
+}
+
+void EntryWrite::GatherForFiles() {
+    MakeObjects();
+    Gather();
+}
+
+/// The facade with its records set up. The schema is looked at again: another program may have changed it.
+bool EntryWrite::MakeReady() {
+    if (isReady_) return true;
+    isReady_ = facade_->Init(run_.services.Objects(), 2);
+    if (isReady_) run_.services.Journal().Clear();  // what follows is the entry's own
+    return isReady_;
+}
+
+TargetResult EntryWrite::TryDatabase(bool takesOverLeftRow) {
+    Services& services = run_.services;
+    services.Messages().Take();
+    services.Journal().Clear();
+    MakeObjects();
+    const bool isReady = MakeReady();
+    Gather();
+    // A category that could not be found or made is an error of its own; going on would store another one.
+    isGathered_ = services.Journal().Diagnostics().empty() && services.Messages().IsEmpty();
+    if (isReady && isGathered_ && takesOverLeftRow) TakeOverLeftManufacturer();
+    TargetResult result;
+    result.isWritten = isReady && isGathered_ && facade_->Update();
+    if (!result.isWritten) {
+        result.advice = StatementAdvice(services.Journal().Diagnostics(),
+                                        run_.plan.Database().schemaVersion < kCurrentSchema);
+    }
+    result.messages = services.TakeDetails();
+    NoteStatements();
+    return result;
+}
+
+/// Rows of the old schema have no numbers that another start could choose anew; categories do.
+bool EntryWrite::MayStartAnew() const {
+    return !isGathered_ || run_.plan.Database().schemaVersion >= kCurrentSchema;
+}
+
+/// A new manufacturer's row is inserted before the protocol row that leads to it. A program that was ended in
+/// between has left a row that no search finds and whose number every new manufacturer is given. The row
+/// becomes this entry's own; the update that refreshes a known manufacturer does that.
+void EntryWrite::TakeOverLeftManufacturer() {
+    clsManufacturer& manufacturer = facade_->Manufacturer();
+    manufacturer.MfrProtocolID();  // searched now and kept
+    if (manufacturer.MfrProtocolFound == 0) manufacturer.MfrNameFound = 1;
+}
+
+void EntryWrite::NoteStatements() {
+    for (const JournalEntry& call : run_.services.Journal().Entries()) {
+        std::string line = call.statement;
+        for (std::size_t i = 0; i < call.values.size(); ++i) {
+            line += (i == 0 ? "  -- " : ", ") + ValueText(call.values[i].value);
+        }
+        statements_.push_back(line);
+    }
+}
+
+void EntryWrite::TellTitle() {
+    if (run_.options.isDryRun) run_.console.WriteLine(title_);
+}
+
+void EntryWrite::NoteDatabase(std::string_view status, const TargetResult& result, int restarts) {
+    Json& json = targets_["database"] = {{"target", run_.services.DataSourceText()}};
+    json["statements"] = statements_;
+    if (restarts > 0) json["restarts"] = restarts;
+    json["status"] = status;
+    json["messages"] = result.messages;
+}
+
+void EntryWrite::TellDatabase(const TargetResult& result, int restarts) {
+    const bool isDryRun = run_.options.isDryRun;
+    NoteDatabase(!result.isWritten ? "failed" : isDryRun ? "planned" : "written", result, restarts);
+    if (isDryRun) {
+        for (const Json& line : statements_) run_.console.WriteLine(line.get<std::string>());
+    }
+    Tell(run_.services.DataSourceText(), result);
+}
+
+bool EntryWrite::WriteFiles(bool isWritten) {
+    const RegisterOptions& options = run_.options;
+    const auto write = [&](bool isWanted, const char* key, const std::string& path, auto&& work) {
+        if (!isWanted) return;
+        Json& json = targets_[key] = {{"target", path}};
+        if (!isWritten) {
+            json["status"] = "skipped";
+            return;
+        }
+        run_.services.Messages().Take();
+        run_.services.Journal().Clear();
+        const TargetResult result = WriteFile(path, json, work);
+        isWritten = result.isWritten;
+        json["status"] = isWritten ? (options.isDryRun ? "planned" : "written") : "failed";
+        json["messages"] = result.messages;
+        Tell(path, result);
+    };
+    write(options.targets.ini, "ini", options.iniPath,
+          [&] { return pyxConfig_->Insert(facade_->Manufacturer(), facade_->Device()); });
+    write(options.targets.ddInstall, "ddinstall", options.ddInstallPath,
+          [&] { return ddInstall_->WriteDDInstall(facade_->Manufacturer(), facade_->Device()); });
+    return isWritten;
+}
+
+template <class Work>
+TargetResult EntryWrite::WriteFile(const std::string& path, Json& json, Work&& work) {
+    const bool isDryRun = run_.options.isDryRun;
+    const bool existed = run_.services.Files().Exists(path);
+    const std::string before = isDryRun ? Shown(path, existed) : std::string();
+    TargetResult result;
+    result.isWritten = std::forward<Work>(work)();
+    result.messages = run_.services.TakeDetails();
+    if (!result.isWritten) result.advice = FileAdvice(ErrorNumber::PathFileAccessError);
+    if (isDryRun && result.isWritten) {
+        const std::string diff = UnifiedDiff(before, Shown(path, true), path, existed);
+        json["diff"] = diff;
+        if (!diff.empty()) run_.console.WriteLine(diff.substr(0, diff.size() - 1));
+    }
+    return result;
+}
+
+/// A target file as text for a diff.
+std::string EntryWrite::Shown(const std::string& path, bool exists) const {
+    const std::string bytes = exists ? run_.services.Files().ReadAll(path) : std::string();
+    return ProfileFile(bytes, run_.services.Profiles().Page()).Text();
+}
+
+void EntryWrite::Tell(const std::string& place, const TargetResult& result) {
+    Console& console = run_.console;
+    if (!result.isWritten) {
+        console.WriteError(CliError(ExitCode::TargetFailed,
+                                    title_ + ": " + place + ": the entry was not written", result.messages,
+                                    result.advice));
+        return;
+    }
+    console.WriteNews(title_ + ": " + place + (run_.options.isDryRun ? ": would be written" : ": written"));
+    if (console.isJson) return;
+    const std::string where = "ventlock-cli: " + title_ + ": " + place + ": ";
+    for (const std::string& message : result.messages) console.WriteProblem(where + message);
+}
+
+nlohmann::ordered_json EntryWrite::TakeDocument() {
+    return {{"name", entry_.source->name},
+            {"file", entry_.path},
+            {"line", entry_.source->line},
+            {"targets", std::move(targets_)}};
+}
+
+}  // namespace ventlock
