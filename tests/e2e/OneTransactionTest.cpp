@@ -8,6 +8,8 @@
 #include <thread>
 
 #include "e2e/Refused.h"
+#include "support/MariadbServer.h"
+#include "support/PostgresServer.h"
 
 namespace ventlock::test {
 namespace {
@@ -280,9 +282,8 @@ INSTANTIATE_TEST_SUITE_P(By, EndedTransaction, testing::Values(SIGKILL, SIGINT),
     return signal.param == SIGKILL ? "ThePowerOfTheSystem" : "TheUserAtTheTerminal";
 });
 
-TEST(OneTransaction, TwoProgramsAtOnceAreBothWrittenWhole) {
-    const World world;
-    world.MakeDatabase();
+/// Two programs at once, whose entries have their manufacturers in common; `rows` looks at their database.
+void ExpectBothWhole(const World& world, const std::function<std::string(const std::string&)>& rows) {
     constexpr int kEntries = 60;
     std::vector<std::unique_ptr<RunningProgram>> programs;
     for (int program = 0; program < 2; ++program) {
@@ -301,10 +302,38 @@ TEST(OneTransaction, TwoProgramsAtOnceAreBothWrittenWhole) {
         EXPECT_EQ(result.exitCode, 0) << result.out;
         EXPECT_EQ(DocumentOf(result.out)["transaction"]["status"], "committed");
     }
-    EXPECT_EQ(world.Rows("SELECT count(*), count(DISTINCT TavMfrNameId) FROM MfrProtocols"), "3|3\n");
-    EXPECT_EQ(world.Rows("SELECT count(*), count(DISTINCT TavDevTypeId), max(TavDevTypeId) FROM DeviceTypes"),
+    EXPECT_EQ(rows("SELECT count(*), count(DISTINCT TavMfrNameId) FROM MfrProtocols"), "3|3\n");
+    EXPECT_EQ(rows("SELECT count(*), count(DISTINCT TavDevTypeId), max(TavDevTypeId) FROM DeviceTypes"),
               "120|120|120\n");
-    EXPECT_EQ(world.Rows("SELECT count(*), count(DISTINCT TavDevTypeId) FROM DeviceRevisions"), "120|120\n");
+    EXPECT_EQ(rows("SELECT count(*), count(DISTINCT TavDevTypeId) FROM DeviceRevisions"), "120|120\n");
+}
+
+TEST(OneTransaction, TwoProgramsAtOnceAreBothWrittenWhole) {
+    const World world;
+    world.MakeDatabase();
+    ExpectBothWhole(world, [&](const std::string& sql) { return world.Rows(sql); });
+}
+
+/// The same on a server, which refuses one of them instead of letting it wait.
+template <class Server>
+void ExpectBothWholeOnServer() {
+    Server server;
+    ServerDatabase database(server);
+    const World world;
+    std::string source = "[PYX]\nDriver=" + server.Driver() + "\n";
+    for (const auto& [name, value] : server.SettingsFor(database.OwnName())) {
+        source.append(name).append("=").append(value).append("\n");
+    }
+    WriteBytes(world.UserDataSources(), source);
+    ExpectBothWhole(world, [&](const std::string& sql) { return database.Rows(sql); });
+}
+
+TEST(OneTransaction, TwoProgramsAtOnceAreBothWrittenWholeOnPostgresql) {
+    ExpectBothWholeOnServer<PostgresServer>();
+}
+
+TEST(OneTransaction, TwoProgramsAtOnceAreBothWrittenWholeOnMariadb) {
+    ExpectBothWholeOnServer<MariadbServer>();
 }
 
 TEST(OneTransaction, WaitsForAnotherProgramThatWritesAndSeesItsRows) {
