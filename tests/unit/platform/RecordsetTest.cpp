@@ -163,5 +163,24 @@ TEST(InsertStatement, NamesTheColumnsAndHasOneMarkerAValue) {
     EXPECT_EQ(InsertStatement("T", {{"a", "1"}}), "INSERT INTO T (a) VALUES (?)");
 }
 
+TEST(Recordset, AnyRowCanBeStoodOnAndIsGivenWhole) {
+    Recordset rows({"Id", "Name"});
+    rows.AppendRow({"1", std::nullopt});
+    rows.AppendRow({"2", "b"});
+    rows.MoveTo(1);
+    EXPECT_EQ(rows.Cells(), (RowCells{"2", "b"}));
+    rows.MoveTo(0);
+    EXPECT_EQ(rows.Cells(), (RowCells{"1", std::nullopt}));
+    rows.MoveTo(2);
+    EXPECT_TRUE(rows.AtEnd());
+    EXPECT_EQ(NumberRaisedBy([&] { return rows.Cells(); }), 3021);
+}
+
+TEST(Recordset, TellsItsColumnsInAnyLetterCase) {
+    const Recordset rows({"Id", "Name"});
+    EXPECT_TRUE(rows.HasColumn("NAME"));
+    EXPECT_FALSE(rows.HasColumn("Names"));
+}
+
 }  // namespace
 }  // namespace ventlock::test
