@@ -22,9 +22,8 @@ class Restarts {
     /// To be asked about a write that has failed, in a transaction after its rollback.
     /// @param journal  its statements and what the driver said; without a statement it was the commit
     /// @return True when another program was in the way of its last statement and the work may be started
-    /// anew;
-    ///         some milliseconds of waiting have passed then, so that two programs do not meet again and
-    ///         again
+    ///         anew; some milliseconds of waiting have passed then, so that two programs do not meet again
+    ///         and again
     bool StartAnew(const StatementJournal& journal);
 
     /// How often the work has been started anew.

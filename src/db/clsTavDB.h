@@ -53,9 +53,8 @@ class clsTavDB {
     /// Adds the protocols, likewise.
     bool LoadProtocols(IList& cboProtocol);
 
-    /// The id of a category, found without regard to case, or created one above the largest. "0" for an empty
-    /// name,
-    /// "" after a logged error or when the facade is not initialised.
+    /// The id of a category, found without regard to case, or created one above the largest. "0" for an
+    /// empty name, "" after a logged error or when the facade is not initialised.
     std::string GetCategoryID(const std::string& szCategory, std::int16_t iOperation);
 
     /// The id of the pair of category ids, found or created one above the largest. "0" when either is empty,

@@ -13,13 +13,11 @@ namespace ventlock {
 
 /// The text of a profile (INI) file, edited in memory by the platform's rules:
 /// - look-up of sections and keys ignores case and the blanks around them; the first of equal ones counts;
-/// keys
-///   before the first header and lines that begin with ";" are no keys;
+///   keys before the first header and lines that begin with ";" are no keys;
 /// - an existing key keeps its place and spelling, only the value changes; every other byte stays as it is;
 /// - a missing key goes directly behind the last key line of its section, or behind the header; a missing
-/// section
-///   to the end of the file; new lines are `key=value` and CR LF; a last line without end gets one before a
-///   line is put behind it and when it is changed itself.
+///   section to the end of the file; new lines are `key=value` and CR LF; a last line without end gets one
+///   before a line is put behind it and when it is changed itself.
 /// A line ends at CR, LF or CR LF. A file with a UTF-16LE mark is UTF-16LE and stays so, any other file is
 /// bytes in its code page. Texts given and returned are UTF-8.
 class ProfileFile {
