@@ -30,9 +30,11 @@ fuzz() {
     rm -rf "build/fuzz/findings/$1"
     mkdir -p "build/fuzz/corpus/$1" "build/fuzz/findings/$1"
     # The time limit stands behind the fuzzer's own, which a target that hangs within one input would not reach.
-    timeout $((seconds + 60)) "$program" "${options[@]}" -seed="$seed" -max_total_time="$seconds" -max_len=4096 \
+    # What it had of a processor is told as well: on a busy machine that is less than the time that has passed.
+    TIMEFORMAT='cpu_seconds: %0U'
+    { time timeout $((seconds + 60)) "$program" "${options[@]}" -seed="$seed" -max_total_time="$seconds" -max_len=4096 \
         -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="build/fuzz/findings/$1/" \
-        "build/fuzz/corpus/$1" "tests/fuzz/corpus/$1" >"build/fuzz/logs/$1.txt" 2>&1
+        "build/fuzz/corpus/$1" "tests/fuzz/corpus/$1"; } >"build/fuzz/logs/$1.txt" 2>&1
 }
 export -f fuzz
 export seconds seed
@@ -45,11 +47,11 @@ printf '%s\n' "${targets[@]}" | xargs -P "$(nproc)" -I{} bash -c 'fuzz {}' || fa
 # last <pattern> <log>: the number behind the pattern where it stands last.
 last() { grep -o "$1[0-9]*" "$2" | tail -n 1 | grep -o '[0-9]*$' || echo -; }
 
-printf '%-16s %12s %8s %8s %8s %9s\n' target executions exec/s corpus edges findings
+printf '%-16s %8s %12s %8s %8s %8s %9s\n' target cpu/s executions exec/s corpus edges findings
 for target in "${targets[@]}"; do
     log=build/fuzz/logs/$target.txt
     findings=$(find "build/fuzz/findings/$target" -type f | wc -l)
-    printf '%-16s %12s %8s %8s %8s %9s\n' "$target" "$(last 'number_of_executed_units: ' "$log")" \
+    printf '%-16s %8s %12s %8s %8s %8s %9s\n' "$target" "$(last 'cpu_seconds: ' "$log")" "$(last 'number_of_executed_units: ' "$log")" \
         "$(last 'average_exec_per_sec: *' "$log")" "$(last 'corp: ' "$log")" "$(last 'cov: ' "$log")" "$findings"
     [ "$findings" -eq 0 ] || { failed=1; grep -m 1 -A 1 -E 'Broken rule|ERROR|runtime error' "$log" | cut -c 1-400; }
 done
