@@ -38,7 +38,7 @@ using Command = std::vector<std::string>;
 std::vector<Command> GitCommands(const std::string& target, const SharedSample& sample) {
     std::vector<Command> commands;
     for (const Upsert& upsert : sample->upserts) {
-        std::string name = upsert.section;  // section "part" becomes section.part
+        std::string name = upsert.section;  // [device "x"] is device.x to Git
         std::erase(name, '"');
         if (const std::size_t blank = name.find(' '); blank != std::string::npos) name[blank] = '.';
         commands.push_back({"git", "config", "--file", target, name + "." + upsert.key, upsert.value});
