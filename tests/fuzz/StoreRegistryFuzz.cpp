@@ -45,7 +45,7 @@ void TryStore(Fields& fields) {
     files.Replace(kStore, fields.Rest());
     // A store with this mark may end within a character.
     std::string_view text = fields.Rest();
-    if (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
+    while (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
     const bool isUtf16 = text.starts_with(kUtf16Mark);
 
     StoreFileRegistry registry(files, kStore);

@@ -79,10 +79,12 @@ class Store {
     Store(IFiles& files, std::string path) : files_(&files), path_(std::move(path)) {}
 
     [[nodiscard]] ProfileFile Load() const {
-        std::string bytes = Read();
-        // Some editors put a mark before UTF-8, which would hide the first section.
-        if (bytes.starts_with(kUtf8Mark)) bytes.erase(0, kUtf8Mark.size());
-        return {bytes, CodePage(kUtf8)};
+        const std::string bytes = Read();
+        std::string_view text = bytes;
+        // Some editors put a mark before UTF-8, which would hide the first section. All of them go, or the
+        // next write would leave a file that begins otherwise than the one that was read.
+        while (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
+        return {text, CodePage(kUtf8)};
     }
 
     template <class Change>

@@ -188,6 +188,13 @@ TEST_F(StoreFileRegistryTest, AFileWithAMarkOfItsEncodingIsRead) {
     EXPECT_EQ(ReadBytes(store_), "[HKEY_LOCAL_MACHINE\\Tool]\nName=text:\"Ω\"\n");
 }
 
+TEST_F(StoreFileRegistryTest, AFileWithSeveralMarksReadsTheSameBeforeAndAfterAWrite) {
+    WriteBytes(store_, "\xEF\xBB\xBF\xEF\xBB\xBF[HKEY_LOCAL_MACHINE\\Tool]\nName=text:\"ü\"\n");
+    EXPECT_EQ(Query(kMachine, "Tool", "Name"), Text("ü"));
+    EXPECT_EQ(Set(kMachine, "Tool", "Other", kRegistryString, "Ω"), kRegistrySuccess);
+    EXPECT_EQ(Query(kMachine, "Tool", "Name"), Text("ü"));
+}
+
 TEST_F(StoreFileRegistryTest, AMalformedLineReadsAsAbsentAndCanBeSet) {
     WriteBytes(store_,
                "[HKEY_LOCAL_MACHINE\\Tool]\nA=plain\nB=\"quoted\"\nC=text:\"open\nD=dword:xyz\nE=hex(3):1,"
