@@ -1,6 +1,7 @@
 #include "platform/Casing.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "base/Utf.h"
 
@@ -73,6 +74,18 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
         if (UpperCase(NextOrRawByte(a, atA)) != UpperCase(NextOrRawByte(b, atB))) return false;
     }
     return atA == a.size() && atB == b.size();
+}
+
+std::size_t HashIgnoringCase(std::string_view utf8) {
+    constexpr std::uint64_t kBegin = 0xcbf29ce484222325U;  // FNV-1a, a character at a time
+    constexpr std::uint64_t kFactor = 0x100000001b3U;
+    std::uint64_t hash = kBegin;
+    for (std::size_t at = 0; at < utf8.size();) {
+        const char32_t character = IsAscii(utf8[at]) ? static_cast<unsigned char>(AsciiUpper(utf8[at++]))
+                                                     : UpperCase(NextOrRawByte(utf8, at));
+        hash = (hash ^ character) * kFactor;
+    }
+    return static_cast<std::size_t>(hash);
 }
 
 }  // namespace ventlock

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,9 @@ std::string LowerCase(std::string_view utf8);
 
 /// True when both texts have the same upper-case form.
 bool EqualIgnoringCase(std::string_view a, std::string_view b);
+
+/// A number that is the same for all texts that EqualIgnoringCase calls equal, and rarely for others.
+std::size_t HashIgnoringCase(std::string_view utf8);
 
 /// One character, by the host's own tables.
 char32_t UpperCase(char32_t character);

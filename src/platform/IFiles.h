@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,9 @@ class IFiles {
 
     /// @throws RunTimeError 7 for a file larger than kLargestFile.
     virtual std::string ReadAll(const std::string& path) = 0;
+
+    /// As ReadAll, but nothing for a file that is certainly missing, alone or with its folder.
+    virtual std::optional<std::string> ReadIfThere(const std::string& path);
 
     /// Replaces or creates the file in one step: readers and a crash see the old bytes or the new ones. The
     /// bytes are on the disk when it returns. Mode, owner and a symbolic link that leads to the file are

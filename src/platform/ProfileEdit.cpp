@@ -1,5 +1,6 @@
 #include "platform/ProfileEdit.h"
 
+#include <optional>
 #include <utility>
 
 #include "base/RunTimeError.h"
@@ -9,20 +10,9 @@ namespace {
 
 ProfileFile FileOrNone(IFiles& files, const std::string& path, CodePage codePage) {
     try {
-        return {files.Exists(path) ? files.ReadAll(path) : std::string(), codePage};
+        return {files.ReadIfThere(path).value_or(""), codePage};
     } catch (const RunTimeError&) {
         return {"", codePage};  // an unreadable file reads like a missing one
-    }
-}
-
-/// Nothing only for a file that is certainly missing: one that is taken for missing would be replaced by an
-/// empty one.
-std::optional<std::string> BytesIfThere(IFiles& files, const std::string& path) {
-    try {
-        return files.ReadAll(path);
-    } catch (const RunTimeError& error) {
-        if (error.Number() != ErrorNumber::FileNotFound) throw;
-        return std::nullopt;
     }
 }
 
@@ -44,14 +34,18 @@ ProfileEdit::ProfileEdit(const ProfileStore& store, std::string path)
     : files_(&store.Files()),
       path_(std::move(path)),
       lock_(files_->Lock(path_)),
-      found_(BytesIfThere(*files_, path_)),
-      file_(found_ ? std::string_view(*found_) : std::string_view(), store.Page()) {}
+      file_(Found(store.Page())) {}
+
+ProfileFile ProfileEdit::Found(CodePage codePage) {
+    std::optional<std::string> bytes = files_->ReadIfThere(path_);
+    existed_ = bytes.has_value();
+    return {std::move(bytes).value_or(""), codePage};
+}
 
 void ProfileEdit::Save() {
+    if (existed_ && !file_.IsChanged()) return;
     std::string room;
-    const std::string_view bytes = file_.Bytes(room);
-    if (found_ == bytes) return;
-    files_->Replace(path_, bytes);
+    files_->Replace(path_, file_.Bytes(room));
 }
 
 }  // namespace ventlock

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "platform/CodePage.h"
@@ -45,20 +44,19 @@ class ProfileEdit {
     [[nodiscard]] const std::string& Path() const noexcept { return path_; }
 
     /// True when the file was there when the edit began.
-    [[nodiscard]] bool Existed() const noexcept { return found_.has_value(); }
+    [[nodiscard]] bool Existed() const noexcept { return existed_; }
 
-    /// The bytes found when the edit began, "" for a missing file.
-    [[nodiscard]] std::string BytesBefore() const { return found_.value_or(""); }
-
-    /// Replaces the file with what File() holds now. Bytes that have not changed are not written again.
+    /// Replaces the file with what File() holds now, if that has been changed.
     /// @throws RunTimeError; the file is then as it was.
     void Save();
 
  private:
+    ProfileFile Found(CodePage codePage);
+
     IFiles* files_;
     std::string path_;
     std::unique_ptr<IFileLock> lock_;
-    std::optional<std::string> found_;  ///< nothing for a missing file
+    bool existed_ = false;
     ProfileFile file_;
 };
 

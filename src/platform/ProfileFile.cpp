@@ -63,9 +63,9 @@ struct ProfileFile::Place {
     std::size_t valueEnd = 0;    ///< the line's end
 };
 
-ProfileFile::ProfileFile(std::string_view bytes, CodePage codePage)
+ProfileFile::ProfileFile(std::string bytes, CodePage codePage)
     : codePage_(codePage), isUtf16_(bytes.starts_with(kUtf16Mark)) {
-    text_ = isUtf16_ ? RequireUtf16(bytes.substr(kUtf16Mark.size())) : std::string(bytes);
+    text_ = isUtf16_ ? RequireUtf16(std::string_view(bytes).substr(kUtf16Mark.size())) : std::move(bytes);
 }
 
 std::string ProfileFile::Bytes() const {
@@ -102,31 +102,46 @@ std::string ProfileFile::SectionName(std::string_view line) const {
     return std::string(TrimBlanks(HeaderName(text).value_or(std::string_view())));
 }
 
-const std::unordered_map<std::string, std::size_t>& ProfileFile::Headers() const {
+const std::vector<ProfileFile::Header>& ProfileFile::Headers() const {
     if (headers_) return *headers_;
     headers_.emplace();
     ProfileHeaders lines(text_);
     for (ProfileLine line; lines.Next(line);) {
-        headers_->try_emplace(UpperCase(SectionName(line.Content(text_))), line.begin);
+        headers_->push_back({HashIgnoringCase(SectionName(line.Content(text_))), line.begin});
     }
+    std::sort(headers_->begin(), headers_->end());
     return *headers_;
+}
+
+/// Where the first header of a section begins; the name is without blanks around it.
+std::optional<std::size_t> ProfileFile::FindHeader(std::string_view section) const {
+    const Header wanted{HashIgnoringCase(section), 0};
+    const std::vector<Header>& headers = Headers();
+    auto header = std::lower_bound(headers.begin(), headers.end(), wanted);
+    for (; header != headers.end() && header->hash == wanted.hash; ++header) {
+        ProfileLines lines(text_, header->begin);
+        ProfileLine line;
+        lines.Next(line);
+        if (EqualIgnoringCase(SectionName(line.Content(text_)), section)) return header->begin;
+    }
+    return std::nullopt;
 }
 
 ProfileFile::Place ProfileFile::Find(std::string_view section, std::string_view key) const {
     Place place;
-    const auto header = Headers().find(UpperCase(TrimBlanks(section)));
-    if (header == Headers().end()) return place;
+    const std::optional<std::size_t> header = FindHeader(TrimBlanks(section));
+    if (!header) return place;
 
     place.hasSection = true;
     const std::string_view wantedKey = TrimBlanks(key);
-    ProfileLines lines(text_, header->second);
+    ProfileLines lines(text_, *header);
     ProfileLine line;
     lines.Next(line);
     place.insertAt = line.next;
     while (lines.Next(line)) {
         const std::string_view content = line.Content(text_);
-        if (HeaderName(content)) break;
         const auto name = KeyName(content);
+        if (!name && HeaderName(content)) break;
         if (!name) continue;
         place.insertAt = line.next;
         if (IsName(*name, wantedKey)) {
@@ -143,9 +158,10 @@ ProfileFile::Place ProfileFile::Find(std::string_view section, std::string_view 
 /// Every change of the text goes through here, so that the known headers move along.
 void ProfileFile::Splice(std::size_t at, std::size_t length, std::string_view replacement) {
     text_.replace(at, length, replacement);
+    isChanged_ = true;
     if (!headers_) return;
-    for (auto& [name, position] : *headers_) {
-        if (position >= at + length) position += replacement.size() - length;
+    for (Header& header : *headers_) {
+        if (header.begin >= at + length) header.begin += replacement.size() - length;
     }
 }
 
@@ -235,10 +251,10 @@ std::vector<std::string> ProfileFile::Sections() const {
 void ProfileFile::AddSection(std::string_view section) {
     const std::string_view name = TrimBlanks(section);
     RequireWritableSection(name);
-    const std::string folded = UpperCase(name);
-    if (Headers().contains(folded)) return;
-    const std::string line = "[" + Encode(name).value_or("") + "]";
-    headers_->try_emplace(folded, InsertLine(text_.size(), line));
+    if (FindHeader(name)) return;
+    const Header added{HashIgnoringCase(name),
+                       InsertLine(text_.size(), "[" + Encode(name).value_or("") + "]")};
+    headers_->insert(std::lower_bound(headers_->begin(), headers_->end(), added), added);
 }
 
 /// Puts a line at `at`, the beginning of a line or the end of the text, and returns where it begins.
@@ -274,6 +290,7 @@ void ProfileFile::SeparateSections() {
     }
     if (tail.empty()) return;
     text_.replace(unchanged, std::string::npos, tail.append(text_, copied));
+    isChanged_ = true;
     headers_.reset();
 }
 

@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/CodePage.h"
@@ -23,7 +22,7 @@ namespace ventlock {
 class ProfileFile {
  public:
     /// @throws RunTimeError 75 when a UTF-16LE file ends within a character.
-    ProfileFile(std::string_view bytes, CodePage codePage);
+    ProfileFile(std::string bytes, CodePage codePage);
 
     /// The value of a key: blanks around it trimmed, one matching pair of quotes removed, then cut to the
     /// characters that fit into `bufferSize` - 1 bytes of the code page (0: not cut). Nothing when the key is
@@ -56,6 +55,9 @@ class ProfileFile {
     /// @throws RunTimeError 6 for more than 32767 lines.
     void SeparateSections();
 
+    /// True when the text has been changed since it was given.
+    [[nodiscard]] bool IsChanged() const noexcept { return isChanged_; }
+
     /// Lines of the file, the last one counted without a line end too.
     [[nodiscard]] std::size_t LineCount() const;
 
@@ -71,13 +73,21 @@ class ProfileFile {
 
  private:
     struct Place;
+    struct Header {
+        std::size_t hash = 0;   ///< of the section's name
+        std::size_t begin = 0;  ///< of its line
+        bool operator<(const Header& other) const {
+            return hash != other.hash ? hash < other.hash : begin < other.begin;
+        }
+    };
     [[nodiscard]] std::optional<std::string> Encode(std::string_view utf8) const;
     [[nodiscard]] std::string Decode(std::string_view stored) const;
     [[nodiscard]] std::string FittingPart(const std::string& utf8, std::size_t bufferSize) const;
     [[nodiscard]] bool IsName(std::string_view stored, std::string_view key) const;
     [[nodiscard]] std::string SectionName(std::string_view line) const;
     [[nodiscard]] Place Find(std::string_view section, std::string_view key) const;
-    [[nodiscard]] const std::unordered_map<std::string, std::size_t>& Headers() const;
+    [[nodiscard]] const std::vector<Header>& Headers() const;
+    [[nodiscard]] std::optional<std::size_t> FindHeader(std::string_view section) const;
     void ReplaceValue(const Place& place, std::string newValue);
     std::size_t InsertLine(std::size_t at, std::string_view line);
     void Splice(std::size_t at, std::size_t length, std::string_view replacement);
@@ -86,9 +96,11 @@ class ProfileFile {
     bool isUtf16_ = false;
     std::string text_;  ///< the file's own bytes; UTF-8 for a UTF-16LE file, mark left out
 
-    /// Position of the first header of each section by its upper-cased name; made by the first look-up, kept
+    bool isChanged_ = false;
+
+    /// All headers in their order, by which equal ones stand in the file's; made by the first look-up, kept
     /// in step by Splice.
-    mutable std::optional<std::unordered_map<std::string, std::size_t>> headers_;
+    mutable std::optional<std::vector<Header>> headers_;
 };
 
 }  // namespace ventlock

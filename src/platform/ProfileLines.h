@@ -44,7 +44,7 @@ bool IsBlankOrComment(std::string_view line);
 class ProfileLines {
  public:
     /// The walk begins at `from`, which is the beginning of a line.
-    explicit ProfileLines(std::string_view text, std::size_t from = 0);
+    explicit ProfileLines(std::string_view text, std::size_t from = 0) : text_(text), at_(from) {}
 
     /// Takes the next line; False at the end of the text.
     bool Next(ProfileLine& line);
@@ -55,7 +55,6 @@ class ProfileLines {
  private:
     std::string_view text_;
     std::size_t at_;
-    std::size_t lineFeed_;  ///< the next one; kept, so that a text without any is searched for it only once
 };
 
 /// Walks the header lines of a text, as ProfileLines does all of them; what stands between two of them costs

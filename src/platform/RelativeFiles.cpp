@@ -25,6 +25,10 @@ std::string RelativeFiles::ReadAll(const std::string& path) {
     return below_.ReadAll(Absolute(path));
 }
 
+std::optional<std::string> RelativeFiles::ReadIfThere(const std::string& path) {
+    return below_.ReadIfThere(Absolute(path));
+}
+
 void RelativeFiles::Replace(const std::string& path, std::string_view bytes) {
     below_.Replace(Absolute(path), bytes);
 }

@@ -23,6 +23,13 @@ constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 /// that has come since the target was found counts no more than any other that may not be followed.
 constexpr int kHowToOpen = O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
 
+/// Behind a file's size, so that its end is found, and some lines can be put in, without more room.
+constexpr std::size_t kRoomBehind = 4096;
+
+bool CanNameAFile(const std::string& path) {
+    return !Trim(path).empty() && !IsDrivePath(path) && path.find('\0') == std::string::npos;
+}
+
 /// Opens a regular file.
 Descriptor Open(const FileCalls& calls, const std::string& path, int flags, struct stat& facts) {
     const FileTarget target = ResolveTarget(calls, path);
@@ -40,9 +47,8 @@ Descriptor Open(const FileCalls& calls, const std::string& path, int flags, stru
 }  // namespace
 
 bool PosixFiles::Exists(const std::string& path) {
-    if (Trim(path).empty() || IsDrivePath(path) || path.find('\0') != std::string::npos) return false;
     struct stat facts {};
-    return calls_.stat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+    return CanNameAFile(path) && calls_.stat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
 void PosixFiles::RequireReplaceable(const std::string& path) {
@@ -55,8 +61,7 @@ std::string PosixFiles::ReadAll(const std::string& path) {
     if (facts.st_size > static_cast<off_t>(kLargestFile)) {
         throw FileError(ErrorNumber::OutOfMemory, path, EFBIG);
     }
-    // One byte of room behind the file's size, so that its end is found without more room.
-    std::string bytes(static_cast<std::size_t>(facts.st_size) + 1, '\0');
+    std::string bytes(static_cast<std::size_t>(facts.st_size) + kRoomBehind, '\0');
     for (std::size_t size = 0;;) {
         const ssize_t count = Uninterrupted(
             [&] { return calls_.read(file.Number(), bytes.data() + size, bytes.size() - size); });
@@ -68,6 +73,14 @@ std::string PosixFiles::ReadAll(const std::string& path) {
         }
         if (size == bytes.size()) bytes.resize(2 * size);  // it has grown meanwhile
     }
+}
+
+// The system is asked first: an error that is raised takes more time than a small file that is read.
+std::optional<std::string> PosixFiles::ReadIfThere(const std::string& path) {
+    struct stat facts {};
+    const bool isMissing =
+        CanNameAFile(path) && calls_.stat(path.c_str(), &facts) != 0 && (errno == ENOENT || errno == ENOTDIR);
+    return isMissing ? std::nullopt : IFiles::ReadIfThere(path);
 }
 
 void PosixFiles::Replace(const std::string& path, std::string_view bytes) {

@@ -79,12 +79,12 @@ class Store {
     Store(IFiles& files, std::string path) : files_(&files), path_(std::move(path)) {}
 
     [[nodiscard]] ProfileFile Load() const {
-        const std::string bytes = Read();
+        const std::string bytes = files_->ReadIfThere(path_).value_or("");
         std::string_view text = bytes;
         // Some editors put a mark before UTF-8, which would hide the first section. All of them go, or the
         // next write would leave a file that begins otherwise than the one that was read.
         while (text.starts_with(kUtf8Mark)) text.remove_prefix(kUtf8Mark.size());
-        return {text, CodePage(kUtf8)};
+        return {std::string(text), CodePage(kUtf8)};
     }
 
     template <class Change>
@@ -101,17 +101,6 @@ class Store {
     }
 
  private:
-    [[nodiscard]] std::string Read() const {
-        try {
-            return files_->ReadAll(path_);
-        } catch (const RunTimeError& error) {
-            const bool isMissing =
-                error.Number() == ErrorNumber::FileNotFound || error.Number() == ErrorNumber::PathNotFound;
-            if (!isMissing) throw;
-            return {};
-        }
-    }
-
     IFiles* files_;
     std::string path_;
 };

@@ -169,7 +169,7 @@ TEST(FileFaults, LeaveAnExistingPyxIniWhole) {
 }
 
 TEST(FileFaults, LeaveNoPyxIniOrAWholeOne) {
-    FailInsert("Pyx.ini, new", {{}, InsertIntoPyxIni}, kUntidyNewPyxIni, 40);
+    FailInsert("Pyx.ini, new", {{}, InsertIntoPyxIni}, kUntidyNewPyxIni, 39);
 }
 
 void FailWriteDDInstall(const char* name, const FileWork& work, std::size_t leastCalls) {
@@ -200,7 +200,7 @@ TEST(FileFaults, LeaveADdinstalWhoseDeviceIsWrittenAnewWhole) {
 }
 
 TEST(FileFaults, LeaveNoDdinstalOrAWholeOne) {
-    FailWriteDDInstall("Ddinstal.ini, new", {{}, WriteDdinstal}, 26);
+    FailWriteDDInstall("Ddinstal.ini, new", {{}, WriteDdinstal}, 25);
 }
 
 TEST(FileFaults, LeaveThePyxIniThatGetsADataSourceNameWhole) {

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <set>
 #include <string>
+#include <string_view>
 
 namespace ventlock {
 namespace {
@@ -50,6 +53,25 @@ TEST(EqualIgnoringCase, ComparesTheCapitalsOfBothTexts) {
     EXPECT_FALSE(EqualIgnoringCase("ß", "SS"));
     EXPECT_FALSE(EqualIgnoringCase("@", "`"));
     EXPECT_FALSE(EqualIgnoringCase("[", "{"));
+}
+
+TEST(HashIgnoringCase, IsTheSameForEqualTexts) {
+    struct Pair {
+        std::string_view a;
+        std::string_view b;
+    };
+    for (const auto& [a, b] : {Pair{"", ""}, Pair{"DataSourceName", "DATASOURCEname"}, Pair{"Gerät", "GERÄT"},
+                               Pair{"Ⱥ", "ⱥ"}, Pair{"a\xFF", "A\xFF"}}) {
+        EXPECT_EQ(HashIgnoringCase(a), HashIgnoringCase(b)) << a;
+    }
+}
+
+TEST(HashIgnoringCase, DiffersForOthers) {
+    std::set<std::string> texts{"", "A", "AB", "BA", "B", "ä", "\xFF", "\xFE", "\xEF\xBF\xBD", "[", "{"};
+    for (int i = 0; i < 10000; ++i) texts.insert("000026." + std::to_string(i));
+    std::set<std::size_t> hashes;
+    for (const std::string& text : texts) hashes.insert(HashIgnoringCase(text));
+    EXPECT_EQ(hashes.size(), texts.size());
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "base/RunTimeError.h"
@@ -81,6 +82,19 @@ TEST(FileOperationFaults, OfAReaderGiveNoPartOfAFile) {
         ExpectTold(trial, fault);
     });
     EXPECT_TRUE(TryStuttering(work).outcome.isDone);
+}
+
+TEST(FileOperationFaults, OfAReaderOfWhatMayBeMissingNeverMakeItMissing) {
+    const FolderContent before{{"a.ini", "old"}};
+    const FileWork work = Work(before, [](IFiles& files, const std::string& path) {
+        const std::optional<std::string> bytes = files.ReadIfThere(path);
+        EXPECT_EQ(bytes, "old");
+    });
+    FailEveryCall("ReadIfThere", work, 5,
+                  [&](const Trial& /*clean*/, const Trial& trial, const Fault& fault) {
+                      EXPECT_EQ(trial.after, before);
+                      if (!trial.outcome.isDone) ExpectTold(trial, fault);
+                  });
 }
 
 TEST(FileOperationFaults, OfAReplacementLeaveTheOldFileOrTheNewOne) {

@@ -128,7 +128,7 @@ TEST(ProfileEncoding, ThePageDecidesTheBytes) {
 /// Page 932: the second bytes of ゼ, ソ and ゾ are those of "[", "\" and "]".
 class ProfileJapanese : public testing::Test {
  protected:
-    static ProfileFile File(std::string_view bytes) { return {bytes, CodePage(932)}; }
+    static ProfileFile File(std::string_view bytes) { return {std::string(bytes), CodePage(932)}; }
 };
 
 TEST_F(ProfileJapanese, ASecondByteOfABracketEndsNoSectionName) {

@@ -34,6 +34,20 @@ TEST(ProfileLines, EndAtCarriageReturnLineFeedOrBoth) {
     EXPECT_EQ(Walk(""), Contents());
 }
 
+TEST(ProfileLines, OfAnyLengthEndAtTheFirstLineEnd) {
+    for (std::size_t length = 0; length < 70; ++length) {
+        const std::string line(length, length % 2 == 0 ? 'x' : '\xFF');
+        for (const std::string_view end : {"\r\n", "\n", "\r"}) {
+            for (const std::string_view rest : {"", "b", "\t=\v\f;[]0123456789", "0123456789abcdef\r\n"}) {
+                const Contents walked = Walk(line + std::string(end) + std::string(rest));
+                ASSERT_FALSE(walked.empty());
+                EXPECT_EQ(walked.front(), line);
+            }
+        }
+        EXPECT_EQ(Walk(line), length == 0 ? Contents() : Contents{line});
+    }
+}
+
 TEST(ProfileLines, CanBeWalkedFromALineOn) {
     EXPECT_EQ(Walk("a\r\nb\nc\rd", 3), (Contents{"b", "c", "d"}));
     EXPECT_EQ(Walk("a\n", 2), Contents());

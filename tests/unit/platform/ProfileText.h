@@ -9,7 +9,7 @@ namespace ventlock::test {
 
 /// A profile file of these bytes in Western code page 1252.
 inline ProfileFile WesternFile(std::string_view bytes) {
-    return {bytes, CodePage(1252)};
+    return {std::string(bytes), CodePage(1252)};
 }
 
 /// The bytes of a Western file after one key was set.

@@ -10,6 +10,26 @@
 namespace ventlock::test {
 namespace {
 
+TEST(ProfileFile, KnowsWhetherItsTextHasBeenChanged) {
+    const std::string_view bytes = "[A]\r\nx=1\r\n";
+    ProfileFile file = WesternFile(bytes);
+    file.Write("A", "x", "1");
+    file.AddSection("a");
+    file.SeparateSections();
+    EXPECT_FALSE(file.IsChanged());
+    EXPECT_EQ(file.Bytes(), bytes);
+
+    ProfileFile written = file;
+    written.Write("A", "x", "2");
+    EXPECT_TRUE(written.IsChanged());
+    ProfileFile added = file;
+    added.AddSection("B");
+    EXPECT_TRUE(added.IsChanged());
+    ProfileFile tidied = WesternFile("[A]\n");
+    tidied.SeparateSections();
+    EXPECT_TRUE(tidied.IsChanged());
+}
+
 TEST(ProfileWrite, ChangesTheValueOfAnExistingKeyAndNothingElse) {
     EXPECT_EQ(AfterWrite("; first\r\n[Devices]\r\nAlpha=1\r\nBeta=2\r\n\r\n[Other]\r\nBeta=3\r\n", "Devices",
                          "Beta", "new"),

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/Host.h"
@@ -35,6 +36,17 @@ TEST_F(RelativeFilesTest, FindAndReadWhatIsInTheFolder) {
     EXPECT_EQ(files_.ReadAll("a.ini"), "in the folder");
     EXPECT_FALSE(files_.Exists("b.ini"));
     EXPECT_EQ(NumberRaisedBy([&] { files_.ReadAll("b.ini"); }), 53);
+}
+
+TEST_F(RelativeFilesTest, ReadNothingWhereNothingIs) {
+    WriteBytes(folder_ / "a.ini", "in the folder");
+    std::filesystem::create_directory(folder_ / "below");
+    EXPECT_EQ(files_.ReadIfThere("a.ini"), "in the folder");
+    EXPECT_EQ(files_.ReadIfThere("b.ini"), std::nullopt);
+    EXPECT_EQ(files_.ReadIfThere("nowhere/a.ini"), std::nullopt);
+    EXPECT_EQ(files_.ReadIfThere("a.ini/b.ini"), std::nullopt);
+    EXPECT_EQ(NumberRaisedBy([&] { files_.ReadIfThere("below"); }), 75) << "a folder is something";
+    EXPECT_EQ(NumberRaisedBy([&] { files_.ReadIfThere(" "); }), 75) << "as ReadAll";
 }
 
 TEST_F(RelativeFilesTest, ReplaceAndAppendInTheFolder) {
