@@ -8,8 +8,8 @@
 namespace ventlock {
 
 ExitCode RunCheck(Services& services, const CheckOptions& options, Console& console) {
-    const ProfileFile ini = LoadTarget(services, options.iniPath);
-    const ProfileFile ddInstall = LoadTarget(services, options.ddInstallPath);
+    const ProfileFile ini = EncodingOfTarget(services, options.iniPath);
+    const ProfileFile ddInstall = EncodingOfTarget(services, options.ddInstallPath);
     std::size_t errors = 0;
     std::size_t warnings = 0;
     auto& list = console.document["findings"] = nlohmann::ordered_json::array();

@@ -1,5 +1,8 @@
 #include "cli/EntryFiles.h"
 
+#include <utility>
+
+#include "base/Utf.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
 
@@ -18,10 +21,12 @@ std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vecto
     return files;
 }
 
-ProfileFile LoadTarget(Services& services, const std::string& path) {
+ProfileFile EncodingOfTarget(Services& services, const std::string& path) {
+    IFiles& files = services.Files();
     try {
-        const bool exists = services.Files().Exists(path);
-        return {exists ? services.Files().ReadAll(path) : std::string(), services.Profiles().Page()};
+        std::string mark = files.Exists(path) ? files.ReadBeginning(path, kUtf16Mark.size()) : std::string();
+        // Whether UTF-16 text is whole shows at its end.
+        return {mark == kUtf16Mark ? files.ReadAll(path) : std::move(mark), services.Profiles().Page()};
     } catch (const RunTimeError& error) {
         throw CliError(CodeOf(error), path + ": " + error.what(), {}, FileAdvice(error.Number()));
     }

@@ -26,9 +26,9 @@ struct FileFindings {
 /// Reads all entry files. @throws CliError 2 for one that cannot be read.
 std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vector<std::string>& paths);
 
-/// The target file as it is now, for checks of its characters; an empty one when it is missing.
-/// @throws CliError when it cannot be read.
-ProfileFile LoadTarget(Services& services, const std::string& path);
+/// A profile file of the target's encoding, to tell what can be written to it; what else it holds does not
+/// count. @throws CliError when the target cannot be read.
+ProfileFile EncodingOfTarget(Services& services, const std::string& path);
 
 /// Whether resource files stand beside an entry file.
 std::function<bool(const std::string&)> ResourcesBeside(Services& services, const std::string& entryFile);

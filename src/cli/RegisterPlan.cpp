@@ -77,9 +77,9 @@ std::vector<FileFindings> RegisterPlan::CheckEntries(std::int16_t schemaVersion)
     context.schemaVersion = schemaVersion;
     std::optional<ProfileFile> ini;
     std::optional<ProfileFile> ddInstall;
-    if (options_.targets.ini) context.ini = &ini.emplace(LoadTarget(services_, options_.iniPath));
+    if (options_.targets.ini) context.ini = &ini.emplace(EncodingOfTarget(services_, options_.iniPath));
     if (options_.targets.ddInstall)
-        context.ddInstall = &ddInstall.emplace(LoadTarget(services_, options_.ddInstallPath));
+        context.ddInstall = &ddInstall.emplace(EncodingOfTarget(services_, options_.ddInstallPath));
     std::vector<FileFindings> findings;
     for (const PlannedEntry& entry : entries_)
         findings.push_back({entry.path, CheckEntry(*entry.source, context)});

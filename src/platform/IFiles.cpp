@@ -15,4 +15,8 @@ std::optional<std::string> IFiles::ReadIfThere(const std::string& path) {
     }
 }
 
+std::string IFiles::ReadBeginning(const std::string& path, std::size_t most) {
+    return ReadAll(path).substr(0, most);
+}
+
 }  // namespace ventlock

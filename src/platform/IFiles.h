@@ -40,6 +40,9 @@ class IFiles {
     /// As ReadAll, but nothing for a file that is certainly missing, alone or with its folder.
     virtual std::optional<std::string> ReadIfThere(const std::string& path);
 
+    /// As ReadAll, but no more than the first `most` bytes.
+    virtual std::string ReadBeginning(const std::string& path, std::size_t most);
+
     /// Replaces or creates the file in one step: readers and a crash see the old bytes or the new ones. The
     /// bytes are on the disk when it returns. Mode, owner and a symbolic link that leads to the file are
     /// kept; a file without any write permission is read-only for everybody (75).

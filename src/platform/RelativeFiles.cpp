@@ -29,6 +29,10 @@ std::optional<std::string> RelativeFiles::ReadIfThere(const std::string& path) {
     return below_.ReadIfThere(Absolute(path));
 }
 
+std::string RelativeFiles::ReadBeginning(const std::string& path, std::size_t most) {
+    return below_.ReadBeginning(Absolute(path), most);
+}
+
 void RelativeFiles::Replace(const std::string& path, std::string_view bytes) {
     below_.Replace(Absolute(path), bytes);
 }

@@ -20,6 +20,7 @@ class RelativeFiles final : public IFiles {
     void RequireReplaceable(const std::string& path) override;
     std::string ReadAll(const std::string& path) override;
     std::optional<std::string> ReadIfThere(const std::string& path) override;
+    std::string ReadBeginning(const std::string& path, std::size_t most) override;
     void Replace(const std::string& path, std::string_view bytes) override;
     void Copy(const std::string& from, const std::string& to) override;
     void Append(const std::string& path, std::string_view bytes) override;

@@ -44,6 +44,25 @@ Descriptor Open(const FileCalls& calls, const std::string& path, int flags, stru
     return file;
 }
 
+Descriptor OpenToRead(const FileCalls& calls, const std::string& path, struct stat& facts) {
+    Descriptor file = Open(calls, path, O_RDONLY, facts);
+    if (facts.st_size <= static_cast<off_t>(kLargestFile)) return file;
+    throw FileError(ErrorNumber::OutOfMemory, path, EFBIG);
+}
+
+/// Reads on until `bytes`, of which `size` are there, are full or the file ends; how many are there then.
+std::size_t Fill(const FileCalls& calls, const std::string& path, const Descriptor& file, std::string& bytes,
+                 std::size_t size) {
+    while (size < bytes.size()) {
+        const ssize_t count = Uninterrupted(
+            [&] { return calls.read(file.Number(), bytes.data() + size, bytes.size() - size); });
+        if (count < 0) throw FileError(path, errno);
+        if (count == 0) break;
+        size += static_cast<std::size_t>(count);
+    }
+    return size;
+}
+
 }  // namespace
 
 bool PosixFiles::Exists(const std::string& path) {
@@ -57,22 +76,22 @@ void PosixFiles::RequireReplaceable(const std::string& path) {
 
 std::string PosixFiles::ReadAll(const std::string& path) {
     struct stat facts {};
-    const Descriptor file = Open(calls_, path, O_RDONLY, facts);
-    if (facts.st_size > static_cast<off_t>(kLargestFile)) {
-        throw FileError(ErrorNumber::OutOfMemory, path, EFBIG);
-    }
+    const Descriptor file = OpenToRead(calls_, path, facts);
     std::string bytes(static_cast<std::size_t>(facts.st_size) + kRoomBehind, '\0');
-    for (std::size_t size = 0;;) {
-        const ssize_t count = Uninterrupted(
-            [&] { return calls_.read(file.Number(), bytes.data() + size, bytes.size() - size); });
-        if (count < 0) throw FileError(path, errno);
-        size += static_cast<std::size_t>(count);
-        if (count == 0) {
-            bytes.resize(size);
-            return bytes;
-        }
-        if (size == bytes.size()) bytes.resize(2 * size);  // it has grown meanwhile
+    std::size_t size = 0;
+    while ((size = Fill(calls_, path, file, bytes, size)) == bytes.size()) {
+        bytes.resize(2 * size);  // it has grown meanwhile
     }
+    bytes.resize(size);
+    return bytes;
+}
+
+std::string PosixFiles::ReadBeginning(const std::string& path, std::size_t most) {
+    struct stat facts {};
+    const Descriptor file = OpenToRead(calls_, path, facts);
+    std::string bytes(most, '\0');
+    bytes.resize(Fill(calls_, path, file, bytes, 0));
+    return bytes;
 }
 
 // The system is asked first: an error that is raised takes more time than a small file that is read.

@@ -84,6 +84,20 @@ TEST(FileOperationFaults, OfAReaderGiveNoPartOfAFile) {
     EXPECT_TRUE(TryStuttering(work).outcome.isDone);
 }
 
+TEST(FileOperationFaults, OfAReaderOfTheBeginningAreTold) {
+    const FolderContent before{{"a.ini", "old"}};
+    const FileWork work = Work(before, [](IFiles& files, const std::string& path) {
+        const std::string bytes = files.ReadBeginning(path, 2);
+        EXPECT_EQ(bytes, "ol");
+    });
+    FailEveryCall("ReadBeginning", work, 4,
+                  [&](const Trial& /*clean*/, const Trial& trial, const Fault& fault) {
+                      EXPECT_EQ(trial.after, before);
+                      ExpectTold(trial, fault);
+                  });
+    EXPECT_TRUE(TryStuttering(work).outcome.isDone);
+}
+
 TEST(FileOperationFaults, OfAReaderOfWhatMayBeMissingNeverMakeItMissing) {
     const FolderContent before{{"a.ini", "old"}};
     const FileWork work = Work(before, [](IFiles& files, const std::string& path) {

@@ -49,6 +49,16 @@ TEST_F(RelativeFilesTest, ReadNothingWhereNothingIs) {
     EXPECT_EQ(NumberRaisedBy([&] { files_.ReadIfThere(" "); }), 75) << "as ReadAll";
 }
 
+TEST_F(RelativeFilesTest, ReadNoMoreThanTheBeginning) {
+    WriteBytes(folder_ / "a.ini", "in the folder");
+    WriteBytes(folder_ / "empty.ini", "");
+    EXPECT_EQ(files_.ReadBeginning("a.ini", 2), "in");
+    EXPECT_EQ(files_.ReadBeginning("a.ini", 13), "in the folder");
+    EXPECT_EQ(files_.ReadBeginning("a.ini", 1000), "in the folder");
+    EXPECT_EQ(files_.ReadBeginning("empty.ini", 2), "");
+    EXPECT_EQ(NumberRaisedBy([&] { files_.ReadBeginning("b.ini", 2); }), 53);
+}
+
 TEST_F(RelativeFilesTest, ReplaceAndAppendInTheFolder) {
     files_.Replace("a.ini", "replaced");
     files_.Append("a.ini", " and more");
@@ -110,6 +120,7 @@ std::map<std::string, std::function<void(const std::string&)>> Operations(IFiles
                                                                           const std::string& other) {
     return {{"RequireReplaceable", [&files](const std::string& path) { files.RequireReplaceable(path); }},
             {"ReadAll", [&files](const std::string& path) { files.ReadAll(path); }},
+            {"ReadBeginning", [&files](const std::string& path) { files.ReadBeginning(path, 1); }},
             {"Replace", [&files](const std::string& path) { files.Replace(path, "x"); }},
             {"CopyFrom", [&files, other](const std::string& path) { files.Copy(path, other + ".bak"); }},
             {"CopyTo", [&files, other](const std::string& path) { files.Copy(other, path); }},
