@@ -59,7 +59,7 @@ def ratio_of(goal, name, rounds):
 
 def goal_rows(work, rounds, in_memory):
     for goal in work["goals"]:
-        place = f"{goal['at']} lines" if goal["at"].isdigit() else goal["at"]
+        place = f"{goal['at']} {work['size'].lower()}".strip()
         ratio = ratio_of(goal, work["name"], rounds)
         if "at_most" in goal:
             text = f"at most {goal['at_most']} times {goal['against']}"
@@ -75,7 +75,7 @@ def growth_rows(work, rounds, counts):
     sizes = [size for size in candidates_of(rounds, work["name"]) if size.isdigit()]
     largest = max(sizes, key=int, default=None)
     smallest = next((size for size in sizes if int(size) * 8 == int(largest)), None)
-    if smallest is None:
+    if smallest is None or not work.get("is_linear", True):
         return
     name = work["name"]
     ratios = []
@@ -84,7 +84,7 @@ def growth_rows(work, rounds, counts):
         ratios.append(large / small if small and large else None)
     known = [ratio for ratio in ratios if ratio is not None]
     met = "met" if known and max(known) <= 8 else "**missed**"
-    yield (f"| {work['title']} | {smallest} to {largest} lines | at most 8 times for 8 times the size "
+    yield (f"| {work['title']} | {smallest} to {largest} {work['size'].lower()} | at most 8 times for 8 times the size "
            f"| {shown(ratios[0])} (instructions {shown(ratios[1])}) | {met} | |")
 
 
@@ -153,12 +153,12 @@ def write(docs, text):
 
 
 def plot(path, goals, results):
-    """Medians of the program and the limit against the size, for all works that have sizes."""
+    """Medians of the program and the limit against the size, for all works on files that have sizes."""
     rounds = rounds_of(results)
     curves, blocks = [], []
     for work in goals["works"]:
         sizes = [size for size in candidates_of(rounds, work["name"]) if size.isdigit()]
-        if not sizes:
+        if not sizes or work["size"] != "Lines":
             continue
         for candidate, dash in ((OURS, 1), ("limit", 2)):
             number = len(blocks)

@@ -49,9 +49,11 @@ void Bench::Add(const std::string& work, const std::string& size, const Candidat
             }
         }
     };
+    int rounds = candidate.isSlow ? std::min(rounds_, kSlowRounds) : rounds_;
+    if (candidate.mostRounds > 0) rounds = std::min(rounds, candidate.mostRounds);
     benchmark::RegisterBenchmark((work + "/" + size + "/" + candidate.name).c_str(), round)
         ->Iterations(1)
-        ->Repetitions(candidate.isSlow ? std::min(rounds_, kSlowRounds) : rounds_)
+        ->Repetitions(rounds)
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
 }

@@ -18,6 +18,7 @@ struct Candidate {
     std::function<Outcome()> check;  ///< what came of it; not timed. Empty for work that changes no file
     bool mayFail = false;            ///< a peer that is asked for more than it promises: noted, no mistake
     bool isSlow = false;             ///< takes seconds: few rounds
+    int mostRounds = 0;              ///< when it takes so long that not even those are run
 };
 
 /// All works, registered as "<work>/<size>/<candidate>": one round each of all of them in random order, then

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/Bench.h"
+#include "support/Databases.h"
 
 namespace ventlock::bench {
 
@@ -9,5 +10,9 @@ void AddUpsertPyx(Bench& bench);          ///< one entry into "Pyx.ini" in proce
 void AddRegisterIni(Bench& bench);        ///< the same as a whole program
 void AddRegisterDDInstall(Bench& bench);  ///< one entry into "Ddinstal.ini" as a whole program
 void AddVersion(Bench& bench);            ///< the start of the command line
+
+/// The works of the device database; `databases` must outlive the bench.
+void AddReadRows(Bench& bench, Databases& databases);    ///< the rows of a table, used by name
+void AddRegisterDb(Bench& bench, Databases& databases);  ///< new devices as a whole program
 
 }  // namespace ventlock::bench
