@@ -19,10 +19,7 @@ std::int16_t Field::Integer() const {
 
 void Recordset::AppendRow(const RowCells& cells) {
     if (cells.size() != columns_.size()) throw RunTimeError(ErrorNumber::InvalidProcedureCall);
-    for (const auto& text : cells) {
-        cells_.push_back(text ? Cell{texts_.size(), text->size()} : Cell{});
-        if (text) texts_ += *text;
-    }
+    for (const auto& text : cells) AppendCell(text);
 }
 
 Field Recordset::Column(std::string_view name) const {
@@ -41,12 +38,23 @@ RowCells Recordset::Cells() const {
 }
 
 std::optional<std::string_view> Recordset::CellText(std::size_t column) const {
-    const Cell& cell = cells_[row_ * columns_.size() + column];
-    if (cell.length == kNull) return std::nullopt;
-    return std::string_view(texts_).substr(cell.begin, cell.length);
+    const std::size_t cell = rowBegin_ + column;
+    const std::size_t end = cellEnds_[cell];
+    if ((end & kNull) != 0) return std::nullopt;
+    const std::size_t begin = cell == 0 ? 0 : cellEnds_[cell - 1] & ~kNull;
+    return std::string_view(texts_.data() + begin, end - begin);
 }
 
 std::optional<std::size_t> Recordset::FindColumn(std::string_view name) const {
+    for (const AskedColumn& asked : askedColumns_) {
+        if (asked.name == name) return asked.column;
+    }
+    const std::optional<std::size_t> column = SearchColumn(name);
+    if (column) askedColumns_.push_back({std::string(name), *column});
+    return column;
+}
+
+std::optional<std::size_t> Recordset::SearchColumn(std::string_view name) const {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         if (columns_[i] == name) return i;
     }

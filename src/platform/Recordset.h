@@ -62,18 +62,24 @@ class Recordset {
     /// Adds a row at the end; `cells` has one value a column. For those who make recordsets.
     void AppendRow(const RowCells& cells);
 
+    /// Adds a row cell by cell: it is there as soon as it has one a column.
+    void AppendCell(const std::optional<std::string_view>& text) {
+        if (text) texts_.append(*text);
+        cellEnds_.push_back(text ? texts_.size() : texts_.size() | kNull);
+    }
+
     [[nodiscard]] const std::vector<std::string>& Columns() const noexcept { return columns_; }
     [[nodiscard]] bool HasColumn(std::string_view name) const { return FindColumn(name).has_value(); }
     [[nodiscard]] std::size_t RecordCount() const noexcept {
-        return columns_.empty() ? 0 : cells_.size() / columns_.size();
+        return columns_.empty() ? 0 : cellEnds_.size() / columns_.size();
     }
 
     /// True behind the last row.
-    [[nodiscard]] bool AtEnd() const noexcept { return row_ >= RecordCount(); }
-    void MoveNext() noexcept { ++row_; }
+    [[nodiscard]] bool AtEnd() const noexcept { return rowBegin_ >= cellEnds_.size(); }
+    void MoveNext() noexcept { rowBegin_ += columns_.size(); }
 
     /// Stands on the row of this number, 0 for the first.
-    void MoveTo(std::size_t row) noexcept { row_ = row; }
+    void MoveTo(std::size_t row) noexcept { rowBegin_ = row * columns_.size(); }
 
     /// The current row whole. It lives until a row is added. @throws RunTimeError 3021 at the end.
     [[nodiscard]] RowCells Cells() const;
@@ -91,19 +97,22 @@ class Recordset {
     void Update();
 
  private:
-    struct Cell {
-        std::size_t begin = 0;
-        std::size_t length = kNull;
+    /// A column under one of the names that it was asked for by; they differ in letter case.
+    struct AskedColumn {
+        std::string name;
+        std::size_t column = 0;
     };
-    static constexpr std::size_t kNull = static_cast<std::size_t>(-1);
+    static constexpr std::size_t kNull = ~(static_cast<std::size_t>(-1) >> 1);  // no text is that long
 
     [[nodiscard]] std::optional<std::size_t> FindColumn(std::string_view name) const;
+    [[nodiscard]] std::optional<std::size_t> SearchColumn(std::string_view name) const;
     [[nodiscard]] std::optional<std::string_view> CellText(std::size_t column) const;
 
     std::vector<std::string> columns_;
-    std::vector<Cell> cells_;  ///< row by row
-    std::string texts_;        ///< what the cells show
-    std::size_t row_ = 0;
+    mutable std::vector<AskedColumn> askedColumns_;  ///< a walk asks for the same few in every row
+    std::string texts_;                              ///< what the cells show, one behind the other
+    std::vector<std::size_t> cellEnds_;              ///< row by row, in the texts; with kNull for NULL
+    std::size_t rowBegin_ = 0;                       ///< the current row's first cell
     Inserter insert_;
     std::optional<std::vector<RecordField>> newRecord_;
 };

@@ -29,6 +29,10 @@ struct Calls<SQLWCHAR> {
 
     static std::vector<SQLWCHAR> Encode(std::string_view utf8) { return ToWide(utf8); }
     static std::string Decode(const SQLWCHAR* text, std::size_t units) { return FromWide(text, units); }
+    /// The same without a string of its own; it lives as long as `text` and `room` stay what they are.
+    static std::string_view View(const SQLWCHAR* text, std::size_t units, std::string& room) {
+        return FromWide(text, units, room);
+    }
 
     static SQLRETURN Execute(SQLHANDLE statement, SQLWCHAR* text) {
         return SQLExecDirectW(statement, text, SQL_NTS);
@@ -61,6 +65,9 @@ struct Calls<SQLCHAR> {
         return text;
     }
     static std::string Decode(const SQLCHAR* text, std::size_t units) { return {text, text + units}; }
+    static std::string_view View(const SQLCHAR* text, std::size_t units, std::string& /*room*/) {
+        return {reinterpret_cast<const char*>(text), units};
+    }
 
     static SQLRETURN Execute(SQLHANDLE statement, SQLCHAR* text) {
         return SQLExecDirect(statement, text, SQL_NTS);

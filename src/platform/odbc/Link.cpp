@@ -82,6 +82,14 @@ void Link::End(SQLSMALLINT how) {
     if (!SQL_SUCCEEDED(back)) MarkDead();
 }
 
+std::byte* Link::RoomForRows(std::size_t bytes) {
+    if (roomBytes_ < bytes) {
+        room_ = std::make_unique_for_overwrite<std::byte[]>(bytes);
+        roomBytes_ = bytes;
+    }
+    return room_.get();
+}
+
 ConnectionFacts Link::Facts() const {
     return {Fact(SQL_DRIVER_NAME), Fact(SQL_DRIVER_VER), Fact(SQL_DM_VER),
             Fact(SQL_DBMS_NAME),   Fact(SQL_DBMS_VER),   Fact(SQL_DATABASE_NAME)};

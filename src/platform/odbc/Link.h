@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -42,6 +43,10 @@ class Link {
     /// How its driver takes text.
     [[nodiscard]] TextForm Form() const noexcept { return form_; }
 
+    /// Room for a block of rows. It is had once and kept, because the searches of an entry read whole tables
+    /// one after the other: what it held for the query before is gone.
+    [[nodiscard]] std::byte* RoomForRows(std::size_t bytes);
+
     /// The error that a failed call on `handle` stands for; marks the link dead when it is broken.
     RunTimeError Failure(SQLSMALLINT handleType, SQLHANDLE handle);
 
@@ -60,6 +65,8 @@ class Link {
     TextForm form_ = TextForm::Wide;
     std::atomic<bool> dead_ = false;
     std::vector<std::string> passwords_;
+    std::unique_ptr<std::byte[]> room_;
+    std::size_t roomBytes_ = 0;
 };
 
 }  // namespace ventlock::odbc

@@ -23,28 +23,11 @@ struct ColumnFacts {
     std::size_t units = 0;  // of the longest text with its NUL, 0: long or unknown
 };
 
-// The texts of one row, put together before they go into the recordset.
-class RowTexts {
- public:
-    explicit RowTexts(std::size_t columns) : cells_(columns) {}
-
-    void Set(std::size_t column, std::optional<std::string> text) { cells_[column] = std::move(text); }
-
-    void AppendTo(Recordset& rows) {
-        views_.assign(cells_.begin(), cells_.end());
-        rows.AppendRow(views_);
-    }
-
- private:
-    std::vector<std::optional<std::string>> cells_;
-    RowCells views_;
-};
-
 // A column of a block of rows.
 template <class Char>
 struct BoundColumn {
     std::size_t units = 0;
-    std::vector<Char> texts;
+    Char* texts = nullptr;
     std::vector<SQLLEN> lengths;  // in bytes, or SQL_NULL_DATA
 
     [[nodiscard]] bool IsCut(std::size_t row) const {
@@ -52,10 +35,13 @@ struct BoundColumn {
         return length == SQL_NO_TOTAL || length > static_cast<SQLLEN>((units - 1) * sizeof(Char));
     }
 
-    [[nodiscard]] std::optional<std::string> Text(std::size_t row) const {
-        if (lengths[row] == SQL_NULL_DATA) return std::nullopt;
-        return Calls<Char>::Decode(texts.data() + row * units,
-                                   static_cast<std::size_t>(lengths[row]) / sizeof(Char));
+    void AppendTo(Recordset& rows, std::size_t row, std::string& room) const {
+        if (lengths[row] == SQL_NULL_DATA) {
+            rows.AppendCell(std::nullopt);
+        } else {
+            rows.AppendCell(Calls<Char>::View(texts + row * units,
+                                              static_cast<std::size_t>(lengths[row]) / sizeof(Char), room));
+        }
     }
 };
 
@@ -112,15 +98,18 @@ std::size_t AskForBlocks(Statement& statement) {
 template <class Char>
 std::unique_ptr<Recordset> ReadBlocks(Statement& statement, const std::vector<ColumnFacts>& columns) {
     const std::size_t rowsInBlock = AskForBlocks(statement);
+    std::size_t unitsOfRow = 0;
+    for (const ColumnFacts& column : columns) unitsOfRow += column.units;
+    auto* texts = reinterpret_cast<Char*>(statement.RoomForRows(rowsInBlock * unitsOfRow * sizeof(Char)));
     std::vector<BoundColumn<Char>> bound(columns.size());
     for (std::size_t i = 0; i < bound.size(); ++i) {
         bound[i].units = columns[i].units;
-        bound[i].texts.resize(rowsInBlock * bound[i].units);
+        bound[i].texts = texts;
         bound[i].lengths.resize(rowsInBlock, SQL_NULL_DATA);
-        statement.Require(SQLBindCol(statement.Get(), static_cast<SQLUSMALLINT>(i + 1),
-                                     Calls<Char>::kBufferType, bound[i].texts.data(),
-                                     static_cast<SQLLEN>(bound[i].units * sizeof(Char)),
-                                     bound[i].lengths.data()));
+        texts += rowsInBlock * bound[i].units;
+        statement.Require(SQLBindCol(
+            statement.Get(), static_cast<SQLUSMALLINT>(i + 1), Calls<Char>::kBufferType, bound[i].texts,
+            static_cast<SQLLEN>(bound[i].units * sizeof(Char)), bound[i].lengths.data()));
     }
     SQLULEN fetched = 0;
     std::vector<SQLUSMALLINT> states(rowsInBlock, SQL_ROW_SUCCESS);
@@ -129,7 +118,7 @@ std::unique_ptr<Recordset> ReadBlocks(Statement& statement, const std::vector<Co
         SQLSetStmtAttrW(statement.Get(), SQL_ATTR_ROW_STATUS_PTR, states.data(), SQL_IS_POINTER));
 
     std::unique_ptr<Recordset> rows = EmptyRecordset(columns);
-    RowTexts texts(columns.size());
+    std::string room;
     for (;;) {
         statement.CheckCancelled();
         const SQLRETURN result = SQLFetch(statement.Get());
@@ -138,11 +127,10 @@ std::unique_ptr<Recordset> ReadBlocks(Statement& statement, const std::vector<Co
         for (std::size_t row = 0; row < std::min<std::size_t>(fetched, rowsInBlock); ++row) {
             if (states[row] == SQL_ROW_ERROR) statement.Require(SQL_ERROR);
             if (states[row] == SQL_ROW_NOROW) continue;
-            for (std::size_t i = 0; i < bound.size(); ++i) {
-                if (bound[i].IsCut(row)) return nullptr;
-                texts.Set(i, bound[i].Text(row));
+            for (const BoundColumn<Char>& column : bound) {
+                if (column.IsCut(row)) return nullptr;
+                column.AppendTo(*rows, row, room);
             }
-            texts.AppendTo(*rows);
         }
     }
 }
@@ -172,7 +160,6 @@ std::optional<std::string> ReadLongText(Statement& statement, SQLUSMALLINT colum
 template <class Char>
 std::unique_ptr<Recordset> ReadRowByRow(Statement& statement, const std::vector<ColumnFacts>& columns) {
     std::unique_ptr<Recordset> rows = EmptyRecordset(columns);
-    RowTexts texts(columns.size());
     std::vector<Char> buffer;
     for (;;) {
         statement.CheckCancelled();
@@ -180,9 +167,8 @@ std::unique_ptr<Recordset> ReadRowByRow(Statement& statement, const std::vector<
         if (result == SQL_NO_DATA) return rows;
         statement.Require(result);
         for (std::size_t i = 0; i < columns.size(); ++i) {
-            texts.Set(i, ReadLongText(statement, static_cast<SQLUSMALLINT>(i + 1), buffer));
+            rows->AppendCell(ReadLongText(statement, static_cast<SQLUSMALLINT>(i + 1), buffer));
         }
-        texts.AppendTo(*rows);
     }
 }
 

@@ -47,6 +47,9 @@ class Statement {
 
     [[nodiscard]] TextForm Form() const noexcept { return link_.Form(); }
 
+    /// See Link.
+    [[nodiscard]] std::byte* RoomForRows(std::size_t bytes) { return link_.RoomForRows(bytes); }
+
     void CheckCancelled() { cancellation_.Check(); }
 
     [[nodiscard]] SQLHANDLE Get() const noexcept { return handle_.Get(); }

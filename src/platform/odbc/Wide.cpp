@@ -15,17 +15,25 @@ WideText ToWide(std::string_view utf8) {
 }
 
 std::string FromWide(const SQLWCHAR* text, std::size_t length) {
-    const bool plain = std::all_of(text, text + length, [](SQLWCHAR unit) { return unit < 0x80; });
-    if (plain) {
-        std::string ascii(length, '\0');
-        std::transform(text, text + length, ascii.begin(),
-                       [](SQLWCHAR unit) { return static_cast<char>(unit); });
-        return ascii;
+    std::string utf8;
+    FromWide(text, length, utf8);
+    return utf8;
+}
+
+std::string_view FromWide(const SQLWCHAR* text, std::size_t length, std::string& room) {
+    room.resize(length);
+    SQLWCHAR bits = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        bits = static_cast<SQLWCHAR>(bits | text[i]);
+        room[i] = static_cast<char>(text[i]);
     }
-    std::u16string units(length, u'\0');
-    std::transform(text, text + length, units.begin(),
-                   [](SQLWCHAR unit) { return static_cast<char16_t>(unit); });
-    return FromUtf16(units);
+    if (bits >= 0x80) {
+        std::u16string units(length, u'\0');
+        std::transform(text, text + length, units.begin(),
+                       [](SQLWCHAR unit) { return static_cast<char16_t>(unit); });
+        room = FromUtf16(units);
+    }
+    return room;
 }
 
 SQLPOINTER AttributeValue(SQLULEN value) noexcept {

@@ -20,6 +20,9 @@ WideText ToWide(std::string_view utf8);
 /// `length` UTF-16 units to UTF-8.
 std::string FromWide(const SQLWCHAR* text, std::size_t length);
 
+/// The same text, which lives in `room` until that changes.
+std::string_view FromWide(const SQLWCHAR* text, std::size_t length, std::string& room);
+
 /// A number as the attribute functions take it.
 SQLPOINTER AttributeValue(SQLULEN value) noexcept;
 

@@ -67,6 +67,36 @@ TEST(Recordset, HasNoCurrentRecordAtItsEnd) {
     EXPECT_EQ(DescriptionRaisedBy([&] { return rows.Column("Name"); }), "No current record.");
 }
 
+TEST(Recordset, IsFilledCellByCell) {
+    Recordset rows({"a", "b"});
+    rows.AppendCell(std::nullopt);
+    EXPECT_EQ(rows.RecordCount(), 0U) << "half a row is none";
+    rows.AppendCell("one");
+    rows.AppendCell("");
+    rows.AppendCell(std::nullopt);
+    rows.AppendCell("two");
+    rows.AppendCell("three");
+    EXPECT_EQ(rows.RecordCount(), 3U);
+    EXPECT_EQ(rows.Cells(), (RowCells{std::nullopt, "one"}));
+    rows.MoveNext();
+    EXPECT_EQ(rows.Cells(), (RowCells{"", std::nullopt}));
+    rows.MoveNext();
+    EXPECT_EQ(rows.Cells(), (RowCells{"two", "three"}));
+    rows.MoveNext();
+    EXPECT_TRUE(rows.AtEnd());
+}
+
+TEST(Recordset, KnowsAColumnAgainInEveryRowByEverySpelling) {
+    Recordset rows = Protocols();
+    std::string texts;
+    for (; !rows.AtEnd(); rows.MoveNext()) {
+        for (const char* const name : {"MFRPROTOCOLID", "name", "MfrProtocolId"})
+            texts += rows.Column(name).Text() + ";";
+        EXPECT_EQ(NumberRaisedBy([&] { return rows.Column("MfrId"); }), 3265);
+    }
+    EXPECT_EQ(texts, "1;HART;1;32768;;32768;x;;x;");
+}
+
 TEST(Recordset, ARowOfAnotherWidthIsAnInvalidCall) {
     Recordset rows({"a", "b"});
     EXPECT_EQ(NumberRaisedBy([&] { rows.AppendRow({"1"}); }), 5);
