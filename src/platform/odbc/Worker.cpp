@@ -79,7 +79,10 @@ void Worker::Loop(const std::shared_ptr<State>& state) {
         lock.lock();
         task->error = std::move(error);
         task->finished = true;
+        // Whoever is woken finds the lock free.
+        lock.unlock();
         state->done.notify_all();
+        lock.lock();
     }
     state->ended = true;
     state->done.notify_all();
@@ -101,8 +104,10 @@ bool Worker::Wait(State& state, const Task& task, std::chrono::milliseconds time
 std::shared_ptr<Worker::Task> Worker::Enqueue(State& state, std::function<void()> job) {
     auto task = std::make_shared<Task>();
     task->job = std::move(job);
-    const std::lock_guard lock(state.mutex);
-    state.queue.push_back(task);
+    {
+        const std::lock_guard lock(state.mutex);
+        state.queue.push_back(task);
+    }
     state.wake.notify_one();
     return task;
 }
