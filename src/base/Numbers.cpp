@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "base/RunTimeError.h"
@@ -20,6 +21,8 @@ std::size_t SkipDigits(std::string_view text, std::size_t at) {
     while (at < text.size() && IsDigit(text[at])) ++at;
     return at;
 }
+
+constexpr std::size_t kExactDigits = 15;  // so many a double holds, whatever they are
 
 struct LeadingNumber {
     double value = 0;
@@ -45,6 +48,12 @@ LeadingNumber ReadLeadingNumber(std::string_view text) {
     const std::size_t begin = hasSign ? 1 : 0;
     std::size_t end = SkipDigits(text, begin);
     std::size_t digits = end - begin;
+    if (!hasSign && end == text.size() && digits <= kExactDigits) {
+        // What nearly all numbers of a database are.
+        std::uint64_t whole = 0;
+        for (const char digit : text) whole = whole * 10 + static_cast<std::uint64_t>(digit - '0');
+        return {static_cast<double>(whole), digits};
+    }
     if (end < text.size() && text[end] == '.') {
         const std::size_t fraction = SkipDigits(text, end + 1);
         digits += fraction - end - 1;

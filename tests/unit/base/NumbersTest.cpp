@@ -32,6 +32,14 @@ TEST(NumericValue, ReadsTheNumberThatATextBeginsWith) {
     EXPECT_EQ(NumericValue("1 2"), 1);
 }
 
+TEST(NumericValue, OfManyDigitsIsTheNearestThatThereIs) {
+    EXPECT_EQ(NumericValue("999999999999999"), 999999999999999.0);
+    EXPECT_EQ(NumericValue("9007199254740993"), 9007199254740992.0);
+    EXPECT_EQ(NumericValue("98765432109876543210"), 98765432109876543210.0);
+    EXPECT_EQ(NumericValue("000000000000000000012"), 12);
+    EXPECT_EQ(NumericValue(""), 0);
+}
+
 TEST(NumericValue, AnExponentSignWithoutDigitsBelongsToNoNumber) {
     EXPECT_EQ(NumericValue("3e"), 3);
     EXPECT_EQ(NumericValue("3e+"), 3);
