@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <random>
 #include <thread>
 
 #include "platform/odbc/DriverAnswers.h"
@@ -35,8 +36,9 @@ bool Restarts::StartAnew(const StatementJournal& journal) {
     refused_ = statement;
     const Patience& patience = PatienceWith(what_);
     const milliseconds longest = std::min(patience.step * count_, patience.longest);
+    std::random_device random;
     std::this_thread::sleep_for(
-        milliseconds(std::uniform_int_distribution<milliseconds::rep>(0, longest.count())(random_)));
+        milliseconds(std::uniform_int_distribution<milliseconds::rep>(0, longest.count())(random)));
     return true;
 }
 

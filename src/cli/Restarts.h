@@ -1,6 +1,5 @@
 #pragma once
 
-#include <random>
 #include <string>
 
 #include "db/StatementJournal.h"
@@ -40,7 +39,6 @@ class Restarts {
     int count_ = 0;
     std::string refused_;  ///< the last refused statement
     int refusals_ = 0;     ///< how often in a row
-    std::minstd_rand random_{std::random_device{}()};
 };
 
 }  // namespace ventlock

@@ -119,8 +119,8 @@ std::span<const EntryKey> EntryKeys() {
 std::string FileEntry::Text(std::string_view key) const {
     const auto found = values.find(key);
     if (found != values.end()) return found->second.text;
-    const EntryKey* known = FindKey(key);
-    return known == nullptr ? std::string() : std::string(known->defaultText);
+    const auto known = std::ranges::find(kKeys, key, &EntryKey::name);
+    return known == kKeys.end() ? std::string() : std::string(known->defaultText);
 }
 
 int FileEntry::Line(std::string_view key) const {
