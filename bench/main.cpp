@@ -8,8 +8,8 @@
 #include "works/Works.h"
 
 /// ventlock_bench [<option of the benchmark library>...]
-/// VENTLOCK_BENCH_ROUNDS sets how often each candidate runs; what takes minutes is left out when
-/// VENTLOCK_BENCH_LONG is 0. Ends with 1 when a candidate's result is wrong,
+/// VENTLOCK_BENCH_ROUNDS sets how often each candidate runs; when VENTLOCK_BENCH_LONG is 0, what takes
+/// seconds runs once and what takes minutes is left out. Ends with 1 when a candidate's result is wrong,
 /// whatever time it took.
 int main(int count, char** arguments) {
     using namespace ventlock::bench;

@@ -1,6 +1,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <stdexcept>
+#include <string_view>
 
 #include "support/Databases.h"
 #include "support/DeviceRows.h"
@@ -62,7 +63,13 @@ struct Registering {
     bool isOneTransaction = false;
 };
 
-/// How often the script runs; once when it takes minutes, and not at all when VENTLOCK_BENCH_LONG is 0.
+/// False in a run that leaves out what takes minutes and has one round of what takes seconds.
+bool IsLong() {
+    const char* const isLong = std::getenv("VENTLOCK_BENCH_LONG");
+    return isLong == nullptr || std::string_view(isLong) != "0";
+}
+
+/// How often the script runs; once, and only in a long run, when it takes minutes.
 enum class Script { None, Few, Once };
 
 void AddRegistering(Bench& bench, Databases& databases, const Registering& what, bool isBySize,
@@ -91,20 +98,19 @@ void AddRegistering(Bench& bench, Databases& databases, const Registering& what,
         if (what.isOneTransaction) command.emplace_back(argument);
         return command;
     };
-    constexpr int kFew = 3;
+    const int few = IsLong() ? 3 : 1;
     add("ventlock",
         with({VENTLOCK_CLI, "register", place.Path(kEntry), "--db", "--dsn", Databases::kSqlite},
              "--one-transaction"),
-        what.isOneTransaction ? 0 : kFew);
+        what.isOneTransaction ? 0 : few);
     add("limit", with({VENTLOCK_REGISTER_LIMIT, Databases::kSqlite, place.Path(kLines)}, "at-once"),
-        what.isOneTransaction ? 0 : kFew);
-    const char* const isLong = std::getenv("VENTLOCK_BENCH_LONG");
-    if (script == Script::None || (script == Script::Once && isLong != nullptr && *isLong == '0')) return;
+        what.isOneTransaction ? 0 : few);
+    if (script == Script::None || (script == Script::Once && !IsLong())) return;
     add("pyodbc",
         with({kPython, VENTLOCK_BENCH_SOURCE "/peers/pyodbc_register.py", Databases::kSqlite,
               place.Path(kLines)},
              "at-once"),
-        script == Script::Once ? 1 : kFew);
+        script == Script::Once ? 1 : few);
 }
 
 }  // namespace
