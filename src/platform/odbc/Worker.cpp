@@ -1,6 +1,7 @@
 #include "platform/odbc/Worker.h"
 
 #include <algorithm>
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -16,6 +17,15 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kBetweenYields{10};
 
+// Most statements take less time than to wake a processor that has gone to sleep: a thread looks out for the
+// other that long before it sleeps.
+constexpr std::chrono::microseconds kBeforeSleep{50};
+
+void LookOutFor(const std::atomic<bool>& flag, std::chrono::microseconds atMost) {
+    const auto end = Clock::now() + atMost;
+    while (!flag.load(std::memory_order_acquire) && Clock::now() < end) std::this_thread::yield();
+}
+
 std::thread StartThread(std::function<void()> body) {
     try {
         return std::thread(std::move(body));
@@ -29,7 +39,7 @@ std::thread StartThread(std::function<void()> body) {
 struct Worker::Task {
     std::function<void()> job;
     std::exception_ptr error;
-    bool finished = false;  // under the state's mutex
+    std::atomic<bool> finished = false;  // set under the state's mutex
 };
 
 struct Worker::State {
@@ -37,6 +47,7 @@ struct Worker::State {
     std::condition_variable wake;  // for the thread
     std::condition_variable done;  // for those who wait
     std::deque<std::shared_ptr<Task>> queue;
+    std::atomic<bool> isCalled = false;  // the thread: the queue is not empty, or it is to stop
     bool stop = false;
     bool ended = false;
     bool givenUp = false;
@@ -50,6 +61,7 @@ Worker::Worker(IEvents& events, std::chrono::milliseconds grace)
 Worker::~Worker() {
     std::unique_lock lock(state_->mutex);
     state_->stop = true;
+    state_->isCalled = true;
     state_->wake.notify_all();
     const auto grace = state_->givenUp ? std::chrono::milliseconds::zero() : grace_;
     const bool ended = state_->done.wait_for(lock, grace, [this] { return state_->ended; });
@@ -68,6 +80,7 @@ void Worker::Loop(const std::shared_ptr<State>& state) {
         if (state->queue.empty()) break;
         const std::shared_ptr<Task> task = state->queue.front();
         state->queue.pop_front();
+        state->isCalled = state->stop || !state->queue.empty();
         lock.unlock();
         std::exception_ptr error;
         try {
@@ -82,6 +95,7 @@ void Worker::Loop(const std::shared_ptr<State>& state) {
         // Whoever is woken finds the lock free.
         lock.unlock();
         state->done.notify_all();
+        LookOutFor(state->isCalled, kBeforeSleep);
         lock.lock();
     }
     state->ended = true;
@@ -90,10 +104,11 @@ void Worker::Loop(const std::shared_ptr<State>& state) {
 
 bool Worker::Wait(State& state, const Task& task, std::chrono::milliseconds time, IEvents& events) {
     const auto deadline = Clock::now() + time;
+    LookOutFor(task.finished, std::min<std::chrono::microseconds>(kBeforeSleep, time));
     std::unique_lock lock(state.mutex);
     for (;;) {
         const auto next = std::min(Clock::now() + kBetweenYields, deadline);
-        if (state.done.wait_until(lock, next, [&task] { return task.finished; })) return true;
+        if (state.done.wait_until(lock, next, [&task] { return task.finished.load(); })) return true;
         if (Clock::now() >= deadline) return false;
         lock.unlock();
         events.Yield();
@@ -107,6 +122,7 @@ std::shared_ptr<Worker::Task> Worker::Enqueue(State& state, std::function<void()
     {
         const std::lock_guard lock(state.mutex);
         state.queue.push_back(task);
+        state.isCalled = true;
     }
     state.wake.notify_one();
     return task;
