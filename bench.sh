@@ -8,8 +8,9 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${bench_packages[@]}"
+need_packages "${build_packages[@]}" "${display_packages[@]}" "${bench_packages[@]}"
 
 cmake --preset bench >/dev/null
 cmake --build --preset bench --target ventlock_bench
-PYTHONDONTWRITEBYTECODE=1 exec /usr/bin/python3 bench/run.py build/bench "$@"
+export PYTHONDONTWRITEBYTECODE=1
+exec tests/support/display/with_display.sh /usr/bin/python3 bench/run.py build/bench "$@"

@@ -24,6 +24,7 @@ int main(int count, char** arguments) {
         AddRegisterIni(bench);
         AddRegisterDDInstall(bench);
         AddVersion(bench);
+        AddWindowStart(bench);
 
         // What the tests' own parts find wrong is to be an error.
         GTEST_FLAG_SET(throw_on_failure, true);

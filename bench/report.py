@@ -7,6 +7,8 @@ import statistics
 import subprocess
 
 OURS = "ventlock"
+LIMIT = "limit"
+FASTEST = "the fastest peer"
 BEGIN = "<!-- Written by ./bench.sh: -->"
 END = "<!-- End of what ./bench.sh writes. -->"
 
@@ -45,30 +47,45 @@ def candidates_of(rounds, work):
         if found == work:
             sizes[size].append(candidate)
     for candidates in sizes.values():
-        candidates.sort(key=lambda name: (name != OURS, name != "limit", name.lower()))
+        candidates.sort(key=lambda name: (name != OURS, name != LIMIT, name.lower()))
     return dict(sorted(sizes.items(), key=lambda item: size_order(item[0])))
 
 
-def ratio_of(goal, name, rounds):
-    ours = median(rounds[name, goal["at"], OURS], "real_time")
-    other = median(rounds[name, goal["at"], goal["against"]], "real_time")
+def others_of(goal, name, rounds):
+    """Those that a goal is against."""
+    if goal["against"] != FASTEST:
+        return [goal["against"]]
+    return [key[2] for key in list(rounds) if key[:2] == (name, goal["at"]) and key[2] not in (OURS, LIMIT)]
+
+
+def measured(goal, name, rounds):
+    """What a goal sets a bound to."""
+    field = "idle_kib" if "more_mib" in goal else "real_time"
+    ours = median(rounds[name, goal["at"], OURS], field)
+    theirs = [median(rounds[name, goal["at"], other], field) for other in others_of(goal, name, rounds)]
+    other = min((value for value in theirs if value), default=None)
     if not ours or not other:
         return None
+    if "more_mib" in goal:
+        return (ours - other) / 1024
     return ours / other if "at_most" in goal else other / ours
 
 
 def goal_rows(work, rounds, in_memory):
     for goal in work["goals"]:
         place = f"{goal['at']} {work['size'].lower()}".strip()
-        ratio = ratio_of(goal, work["name"], rounds)
-        if "at_most" in goal:
+        ratio = measured(goal, work["name"], rounds)
+        if "more_mib" in goal:
+            text = f"at most {goal['more_mib']} MiB more than {goal['against']} when idle"
+            is_met = ratio is not None and ratio <= goal["more_mib"]
+        elif "at_most" in goal:
             text = f"at most {goal['at_most']} times {goal['against']}"
             is_met = ratio is not None and ratio <= goal["at_most"]
         else:
             text = f"at least {goal['faster']} times faster than {goal['against']}"
             is_met = ratio is not None and ratio >= goal["faster"]
         yield (f"| {work['title']} | {place} | {text} | {shown(ratio)} | {'met' if is_met else '**missed**'} "
-               f"| {shown(ratio_of(goal, work['name'], in_memory))} |")
+               f"| {shown(measured(goal, work['name'], in_memory))} |")
 
 
 def growth_rows(work, rounds, counts):
@@ -86,6 +103,28 @@ def growth_rows(work, rounds, counts):
     met = "met" if known and max(known) <= 8 else "**missed**"
     yield (f"| {work['title']} | {smallest} to {largest} {work['size'].lower()} | at most 8 times for 8 times the size "
            f"| {shown(ratios[0])} (instructions {shown(ratios[1])}) | {met} | |")
+
+
+def window_table(work, rounds, counts):
+    """What the time of a window is taken by, without what is told of works on files."""
+    yield f"### {work['title']}"
+    yield ""
+    yield "| | Median, ms | Times ours | Processor, ms | Instructions, million | Idle, MiB | Peak, MiB |"
+    yield "|---|--:|--:|--:|--:|--:|--:|"
+    for size, candidates in candidates_of(rounds, work["name"]).items():
+        ours = median(rounds[work["name"], size, OURS], "real_time")
+        for candidate in candidates:
+            key = (work["name"], size, candidate)
+            entries = rounds[key]
+            if all(entry.get("error_occurred") for entry in entries):
+                yield f"| {candidate} | failed | | | | | |"
+                continue
+            time = median(entries, "real_time")
+            processor = 1000 * (median(entries, "user") + median(entries, "system"))
+            yield (f"| {candidate} | {shown(time)} | {shown(time / ours if ours else None)} | {shown(processor)} "
+                   f"| {shown(counts[key] / 1e6) if key in counts else ''} "
+                   f"| {shown(median(entries, 'idle_kib') / 1024, 1)} | {shown(median(entries, 'peak_kib') / 1024, 1)} |")
+    yield ""
 
 
 def work_table(work, rounds, in_memory, counts):
@@ -140,7 +179,10 @@ def tables(goals, works, runs, counts, folder):
         lines += growth_rows(work, rounds, counts)
     lines.append("")
     for work in chosen:
-        lines += work_table(work, rounds, in_memory, counts)
+        if work.get("in_window"):
+            lines += window_table(work, rounds, counts)
+        else:
+            lines += work_table(work, rounds, in_memory, counts)
     return "\n".join(lines)
 
 
@@ -160,9 +202,9 @@ def plot(path, goals, results):
         sizes = [size for size in candidates_of(rounds, work["name"]) if size.isdigit()]
         if not sizes or work["size"] != "Lines":
             continue
-        for candidate, dash in ((OURS, 1), ("limit", 2)):
+        for candidate, dash in ((OURS, 1), (LIMIT, 2)):
             number = len(blocks)
-            title = work["title"].replace("`", "") + (", limit" if candidate == "limit" else "")
+            title = work["title"].replace("`", "") + (", limit" if candidate == LIMIT else "")
             curves.append(f"$data{number} using 1:2 with linespoints linecolor {number // 2 + 1} dashtype {dash} title '{title}'")
             points = [f"{size} {median(rounds[work['name'], size, candidate], 'real_time')}" for size in sizes]
             blocks.append("\n".join([f"$data{number} << end", *points, "end"]))

@@ -29,6 +29,7 @@ void Bench::Add(const std::string& work, const std::string& size, const Candidat
                 state.counters["user"] = usage.userSeconds;
                 state.counters["system"] = usage.systemSeconds;
                 state.counters["peak_kib"] = static_cast<double>(usage.peakKiB);
+                if (usage.idleKiB > 0) state.counters["idle_kib"] = static_cast<double>(usage.idleKiB);
                 if (!candidate.check) continue;
                 const Outcome outcome = candidate.check();
                 state.counters["has_entry"] = outcome.hasEntry ? 1 : 0;

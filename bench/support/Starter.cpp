@@ -1,6 +1,7 @@
 #include "support/Starter.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -75,15 +76,17 @@ struct Report {
     std::array<char, 400> errors{};  ///< the last of what it said on standard error
 };
 
-Report RunOne(const std::vector<char*>& arguments, const std::vector<char*>& variables) {
+/// Sends the process as soon as it has started, and its report at its end; 0 and nothing when there is none.
+void RunOne(const std::vector<char*>& arguments, const std::vector<char*>& variables, int socket) {
     const Streams streams;
     Report report;
     const auto begin = std::chrono::steady_clock::now();
     pid_t process = 0;
-    if (posix_spawnp(&process, arguments[0], streams.Get(), nullptr, arguments.data(), variables.data()) !=
-        0) {
-        return report;
-    }
+    const bool isStarted =
+        posix_spawnp(&process, arguments[0], streams.Get(), nullptr, arguments.data(), variables.data()) == 0;
+    if (!isStarted) process = 0;
+    if (write(socket, &process, sizeof process) != sizeof process) _exit(1);
+    if (!isStarted) return;
     int status = 0;
     rusage taken{};
     pid_t ended = 0;
@@ -91,10 +94,13 @@ Report RunOne(const std::vector<char*>& arguments, const std::vector<char*>& var
         ended = wait4(process, &status, 0, &taken);
     } while (ended < 0 && errno == EINTR);
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
-    report.usage = {passed.count(), Seconds(taken.ru_utime), Seconds(taken.ru_stime), taken.ru_maxrss};
+    report.usage = {.seconds = passed.count(),
+                    .userSeconds = Seconds(taken.ru_utime),
+                    .systemSeconds = Seconds(taken.ru_stime),
+                    .peakKiB = taken.ru_maxrss};
     report.isDone = ended == process && WIFEXITED(status) && WEXITSTATUS(status) == 0;
     streams.LastErrors(report.errors);
-    return report;
+    if (write(socket, &report, sizeof report) != sizeof report) _exit(1);
 }
 
 // A request is one message of texts ended by NUL: "a" and an argument, "v" and a variable.
@@ -119,8 +125,7 @@ std::string Packed(const std::vector<std::string>& arguments, const std::vector<
         }
         arguments.push_back(nullptr);
         variables.push_back(nullptr);
-        const Report report = RunOne(arguments, variables);
-        if (write(socket, &report, sizeof report) != sizeof report) _exit(1);
+        RunOne(arguments, variables, socket);
     }
 }
 
@@ -148,23 +153,42 @@ Usage Starter::Run(const std::vector<std::vector<std::string>>& commands,
                    const std::vector<std::string>& environment) const {
     Usage all;
     for (const auto& command : commands) {
-        const std::string request = Packed(Prefixed(command), environment);
-        Report report;
-        if (request.size() > kLongestRequest || write(socket_, request.data(), request.size()) < 0 ||
-            read(socket_, &report, sizeof report) != sizeof report) {
-            throw std::runtime_error(command.front() + " cannot be started");
-        }
-        if (!report.isDone) {
-            const std::string errors(report.errors.data(),
-                                     strnlen(report.errors.data(), report.errors.size()));
-            throw std::runtime_error(command.front() + " failed: " + errors);
-        }
-        all.seconds += report.usage.seconds;
-        all.userSeconds += report.usage.userSeconds;
-        all.systemSeconds += report.usage.systemSeconds;
-        all.peakKiB = std::max(all.peakKiB, report.usage.peakKiB);
+        Start(command, environment);
+        const Usage usage = Finish(command.front());
+        all.seconds += usage.seconds;
+        all.userSeconds += usage.userSeconds;
+        all.systemSeconds += usage.systemSeconds;
+        all.peakKiB = std::max(all.peakKiB, usage.peakKiB);
     }
     return all;
+}
+
+int Starter::Start(const std::vector<std::string>& command,
+                   const std::vector<std::string>& environment) const {
+    const std::string request = Packed(Prefixed(command), environment);
+    pid_t process = 0;
+    if (request.size() > kLongestRequest || write(socket_, request.data(), request.size()) < 0 ||
+        read(socket_, &process, sizeof process) != sizeof process) {
+        throw std::runtime_error(command.front() + " cannot be started");
+    }
+    if (process == 0) throw std::runtime_error(command.front() + " cannot be started");
+    return process;
+}
+
+Usage Starter::Finish(const std::string& program) const {
+    Report report;
+    if (read(socket_, &report, sizeof report) != sizeof report)
+        throw std::runtime_error("nothing is known of " + program);
+    if (!report.isDone) {
+        const std::string errors(report.errors.data(), strnlen(report.errors.data(), report.errors.size()));
+        throw std::runtime_error(program + " failed: " + errors);
+    }
+    return report.usage;
+}
+
+bool Starter::EndsWithin(std::chrono::milliseconds patience) const {
+    pollfd answer{socket_, POLLIN, 0};
+    return poll(&answer, 1, static_cast<int>(patience.count())) == 1;
 }
 
 }  // namespace ventlock::bench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,17 @@ class Starter {
     /// errors are in the text then
     Usage Run(const std::vector<std::vector<std::string>>& commands,
               const std::vector<std::string>& environment) const;
+
+    /// Starts one program, as Run does. Finish must be called before the next one is started.
+    /// @return its process @throws std::runtime_error when it cannot be started
+    int Start(const std::vector<std::string>& command, const std::vector<std::string>& environment) const;
+
+    /// Waits for the end of the program started last. @throws std::runtime_error as Run does
+    /// @param program  for that text
+    Usage Finish(const std::string& program) const;
+
+    /// Whether the program started last ends in time, so that Finish does not wait.
+    [[nodiscard]] bool EndsWithin(std::chrono::milliseconds patience) const;
 
  private:
     int process_ = 0;

@@ -10,6 +10,7 @@ void AddUpsertPyx(Bench& bench);          ///< one entry into "Pyx.ini" in proce
 void AddRegisterIni(Bench& bench);        ///< the same as a whole program
 void AddRegisterDDInstall(Bench& bench);  ///< one entry into "Ddinstal.ini" as a whole program
 void AddVersion(Bench& bench);            ///< the start of the command line
+void AddWindowStart(Bench& bench);        ///< the start of the window, and what it has in memory then
 
 /// The works of the device database; `databases` must outlive the bench.
 void AddReadRows(Bench& bench, Databases& databases);    ///< the rows of a table, used by name

@@ -1,0 +1,101 @@
+#include <csignal>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+#include "support/Files.h"
+#include "support/Processes.h"
+#include "works/WindowWorld.h"
+#include "works/Works.h"
+
+namespace ventlock::bench {
+namespace {
+
+constexpr const char* kOurs = "ventlock";
+constexpr std::chrono::seconds kToCome{120};  // under callgrind, too
+constexpr std::chrono::seconds kToEnd{60};
+
+/// A program with a window.
+struct WindowProgram {
+    std::string name;
+    std::string path;
+    std::string title;  ///< what its main window's begins with
+    bool isSlow = false;
+};
+
+/// The world is made by whatever needs it first: not at all when other works are measured.
+class LazyWorld {
+ public:
+    explicit LazyWorld(Bench& bench) : bench_(bench) {}
+    WindowWorld& operator*() {
+        if (!world_) world_ = std::make_unique<WindowWorld>(bench_.Place(), bench_.Programs());
+        return *world_;
+    }
+
+ private:
+    Bench& bench_;
+    std::unique_ptr<WindowWorld> world_;
+};
+
+/// Without it the program greets its user in a dialog before anything else.
+void StoreFileZillaSettings(const WindowWorld& world) {
+    std::filesystem::create_directories(world.Home("config/filezilla"));
+    StoreBytes(world.Home("config/filezilla/filezilla.xml"),
+               "<?xml version=\"1.0\"?><FileZilla3><Settings>"
+               "<Setting name=\"Greeting version\">99.0.0</Setting>"
+               "<Setting name=\"Greeting resources\"></Setting>"
+               "<Setting name=\"Update Check\">0</Setting>"
+               "</Settings></FileZilla3>");
+}
+
+/// From its start until its window is mapped; then it rests, is looked at and closed as its user would.
+Usage Measure(WindowWorld& world, const WindowProgram& program) {
+    Display& display = world.Screen();
+    display.Forget();
+    const auto begin = std::chrono::steady_clock::now();
+    const int process = world.Programs().Start({program.path}, world.Environment());
+    const auto window = display.AwaitWindow(program.title, kToCome);
+    Usage usage;
+    bool isConnected = false;
+    if (window) {
+        usage.seconds = std::chrono::duration<double>(window->mappedAt - begin).count();
+        usage.userSeconds = ProcessorSeconds(process);
+        isConnected = HasOpen(process, world.Database());
+        AwaitIdle(process);
+        usage.idleKiB = ResidentKiB(process);
+        display.Close(*window);
+    }
+    if (!world.Programs().EndsWithin(window ? kToEnd : std::chrono::seconds{0})) kill(process, SIGKILL);
+    usage.peakKiB = world.Programs().Finish(program.path).peakKiB;
+    if (!window) throw std::runtime_error("no window has come");
+    if (program.name == kOurs && !isConnected)
+        throw std::runtime_error("the window came without its database");
+    return usage;
+}
+
+}  // namespace
+
+void AddWindowStart(Bench& bench) {
+    const auto lazy = std::make_shared<LazyWorld>(bench);
+    const auto add = [&](const WindowProgram& program) {
+        Candidate candidate;
+        candidate.name = program.name;
+        candidate.isSlow = program.isSlow;
+        candidate.prepare = [lazy, program] {
+            WindowWorld& world = **lazy;
+            world.Refresh();
+            if (program.name == "FileZilla") StoreFileZillaSettings(world);
+        };
+        candidate.run = [lazy, program] { return Measure(**lazy, program); };
+        if (program.name == kOurs)
+            candidate.check = [lazy] { return Outcome{.hasEntry = (**lazy).HasKeptEntry()}; };
+        bench.Add("window-start", "start", candidate);
+    };
+    add({kOurs, bench.Place().Path(WindowWorld::kProgram), "Ventlock"});
+    add({"limit", VENTLOCK_WINDOW_LIMIT, "Bare window"});
+    add({"DB Browser for SQLite", "sqlitebrowser", "DB Browser for SQLite", true});
+    add({"FileZilla", "filezilla", "FileZilla", true});
+    add({"Poedit", "poedit", "Welcome to Poedit", true});
+}
+
+}  // namespace ventlock::bench
