@@ -13,8 +13,12 @@ Setter Item(wxMenuItem* item) {
     return [item](const std::string& text) { MainMenu::SetCaption(*item, text); };
 }
 
-Setter Button(wxButton* button) {
-    return [button](const std::string& text) { button->SetLabel(ToWx(text)); };
+// A control with a new caption is measured anew, and most of them are born with the one they are given.
+Setter Control(wxControl* control) {
+    return [control](const std::string& caption) {
+        const wxString text = ToWx(caption);
+        if (control->GetLabel() != text) control->SetLabel(text);
+    };
 }
 
 }  // namespace
@@ -27,9 +31,7 @@ std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainCont
     const auto tab = [&](std::size_t page) -> Setter {
         return [&, page](const std::string& text) { controls.sstVentlock->SetPageText(page, ToWx(text)); };
     };
-    const auto label = [&](std::size_t index) -> Setter {
-        return [&, index](const std::string& text) { controls.lblMain[index]->SetLabel(ToWx(text)); };
-    };
+    const auto label = [&](std::size_t index) { return Control(controls.lblMain[index]); };
     return {
         {"IDS_TITLE", "", title},
         {"IDS_MNU_FILE", "", bar(0)},
@@ -52,11 +54,11 @@ std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainCont
         {"IDS_TAB_MAN", "", tab(1)},
         {"IDS_TAB_DEV", "", tab(2)},
         {"IDS_TAB_REV", "", tab(3)},
-        {"IDS_CMD_WRITE_DB", "", Button(controls.cmdWriteDB)},
-        {"IDS_CMD_WRITE_INI", "", Button(controls.cmdWriteINI)},
-        {"IDS_CMD_WRITE_DD", "", Button(controls.cmdWriteDDInstall)},
-        {"IDS_CMD_CLOSE", "", Button(controls.cmdClose)},
-        {"IDS_CMD_SWITCH", "", Button(controls.cmdSwitchDSN)},
+        {"IDS_CMD_WRITE_DB", "", Control(controls.cmdWriteDB)},
+        {"IDS_CMD_WRITE_INI", "", Control(controls.cmdWriteINI)},
+        {"IDS_CMD_WRITE_DD", "", Control(controls.cmdWriteDDInstall)},
+        {"IDS_CMD_CLOSE", "", Control(controls.cmdClose)},
+        {"IDS_CMD_SWITCH", "", Control(controls.cmdSwitchDSN)},
         // The labels' numbers do not follow their order.
         {"IDS_LBL_DSN", ":", label(0)},
         {"IDS_LBL_DD", ":", label(1)},

@@ -36,7 +36,6 @@ frmMain::frmMain(const WindowServices& services)
     SetMenuBar(menu_.bar);
     SetMinSize(wxSize(kSmallestWindow.width, kSmallestWindow.height));
     BindEvents();
-    FitContents();
     UseModuleMessageBox(&services_.messages);
 }
 

@@ -43,6 +43,7 @@ void frmMain::Form_Load() {
                           << '\n';
             }
         }
+        FitContents();  // to the captions and lists, as far as they have come
     });
 }
 
@@ -78,7 +79,6 @@ void frmMain::Load(StepLabel& step) {
     LoadFormText(3);
     LoadFormText();
     ShowConnection();
-    FitContents();
 }
 
 void frmMain::LoadDictionary() {
