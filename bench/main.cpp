@@ -5,6 +5,7 @@
 #include <exception>
 #include <iostream>
 
+#include "works/WindowWorld.h"
 #include "works/Works.h"
 
 /// ventlock_bench [<option of the benchmark library>...]
@@ -24,13 +25,17 @@ int main(int count, char** arguments) {
         AddRegisterIni(bench);
         AddRegisterDDInstall(bench);
         AddVersion(bench);
-        AddWindowStart(bench);
 
         // What the tests' own parts find wrong is to be an error.
         GTEST_FLAG_SET(throw_on_failure, true);
         Databases databases(place);
         AddReadRows(bench, databases);
         AddRegisterDb(bench, databases);
+
+        WindowWorld world(place, programs);
+        AddWindowStart(bench, world);
+        AddKeyPress(bench, world);
+        AddWindowWrite(bench, world, databases);
 
         benchmark::RunSpecifiedBenchmarks();
         return bench.IsWrong() ? 1 : 0;

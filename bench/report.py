@@ -62,30 +62,37 @@ def measured(goal, name, rounds):
     """What a goal sets a bound to."""
     field = "idle_kib" if "more_mib" in goal else "real_time"
     ours = median(rounds[name, goal["at"], OURS], field)
+    if "bytes_a_row" in goal:
+        before, peak = (median(rounds[name, goal["at"], OURS], field) for field in ("idle_kib", "peak_kib"))
+        return (peak - before) * 1024 / int(goal["at"]) if before and peak else None
     theirs = [median(rounds[name, goal["at"], other], field) for other in others_of(goal, name, rounds)]
     other = min((value for value in theirs if value), default=None)
     if not ours or not other:
         return None
     if "more_mib" in goal:
         return (ours - other) / 1024
+    if "more_ms" in goal:
+        return ours - other
     return ours / other if "at_most" in goal else other / ours
+
+
+KINDS = {  # of goals: their words
+    "at_most": "at most {} times {}",
+    "faster": "at least {} times faster than {}",
+    "more_ms": "at most {} ms more than {}",
+    "more_mib": "at most {} MiB more than {} when idle",
+    "bytes_a_row": "at most {} bytes a row more than {}",
+}
 
 
 def goal_rows(work, rounds, in_memory):
     for goal in work["goals"]:
         place = f"{goal['at']} {work['size'].lower()}".strip()
-        ratio = measured(goal, work["name"], rounds)
-        if "more_mib" in goal:
-            text = f"at most {goal['more_mib']} MiB more than {goal['against']} when idle"
-            is_met = ratio is not None and ratio <= goal["more_mib"]
-        elif "at_most" in goal:
-            text = f"at most {goal['at_most']} times {goal['against']}"
-            is_met = ratio is not None and ratio <= goal["at_most"]
-        else:
-            text = f"at least {goal['faster']} times faster than {goal['against']}"
-            is_met = ratio is not None and ratio >= goal["faster"]
-        yield (f"| {work['title']} | {place} | {text} | {shown(ratio)} | {'met' if is_met else '**missed**'} "
-               f"| {shown(measured(goal, work['name'], in_memory))} |")
+        found = measured(goal, work["name"], rounds)
+        kind = next(kind for kind in KINDS if kind in goal)
+        is_met = found is not None and (found >= goal[kind] if kind == "faster" else found <= goal[kind])
+        yield (f"| {work['title']} | {place} | {KINDS[kind].format(goal[kind], goal['against'])} | {shown(found)} "
+               f"| {'met' if is_met else '**missed**'} | {shown(measured(goal, work['name'], in_memory))} |")
 
 
 def growth_rows(work, rounds, counts):
@@ -105,25 +112,31 @@ def growth_rows(work, rounds, counts):
            f"| {shown(ratios[0])} (instructions {shown(ratios[1])}) | {met} | |")
 
 
+def mebibytes(entries, field):
+    value = median(entries, field)
+    return shown(value / 1024, 1) if value else ""
+
+
 def window_table(work, rounds, counts):
-    """What the time of a window is taken by, without what is told of works on files."""
+    """What is told of works of the window, which change no files."""
     yield f"### {work['title']}"
     yield ""
-    yield "| | Median, ms | Times ours | Processor, ms | Instructions, million | Idle, MiB | Peak, MiB |"
-    yield "|---|--:|--:|--:|--:|--:|--:|"
+    yield (f"| {work['size']} | | Median, ms | Times ours | Processor, ms | Instructions, million | Idle, MiB "
+           "| Peak, MiB |")
+    yield "|--:|---|--:|--:|--:|--:|--:|--:|"
     for size, candidates in candidates_of(rounds, work["name"]).items():
         ours = median(rounds[work["name"], size, OURS], "real_time")
         for candidate in candidates:
             key = (work["name"], size, candidate)
             entries = rounds[key]
             if all(entry.get("error_occurred") for entry in entries):
-                yield f"| {candidate} | failed | | | | | |"
+                yield f"| {size} | {candidate} | failed | | | | | |"
                 continue
             time = median(entries, "real_time")
             processor = 1000 * (median(entries, "user") + median(entries, "system"))
-            yield (f"| {candidate} | {shown(time)} | {shown(time / ours if ours else None)} | {shown(processor)} "
-                   f"| {shown(counts[key] / 1e6) if key in counts else ''} "
-                   f"| {shown(median(entries, 'idle_kib') / 1024, 1)} | {shown(median(entries, 'peak_kib') / 1024, 1)} |")
+            yield (f"| {size} | {candidate} | {shown(time)} | {shown(time / ours if ours else None)} "
+                   f"| {shown(processor) if processor else ''} | {shown(counts[key] / 1e6) if key in counts else ''} "
+                   f"| {mebibytes(entries, 'idle_kib')} | {mebibytes(entries, 'peak_kib')} |")
     yield ""
 
 

@@ -19,9 +19,7 @@ SOURCE = pathlib.Path(__file__).resolve().parent
 WINDOW_LIBRARIES = re.compile(r"wx|gtk|gdk|X11|wayland", re.IGNORECASE)
 MEMORY = pathlib.Path("/dev/shm")
 CALLGRIND = ["valgrind", "--quiet", "--tool=callgrind"]
-UNCOUNTED = {  # minutes under callgrind, and about an interpreter or a whole desktop program
-    "configparser", "crudini", "pyodbc", "DB Browser for SQLite", "FileZilla", "Poedit"
-}
+UNCOUNTED = {"configparser", "crudini", "pyodbc"}  # minutes under callgrind, and about an interpreter
 
 
 def filter_of(works):

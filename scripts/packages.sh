@@ -19,7 +19,7 @@ windows_test_packages=(wine wine64 libsqliteodbc icoutils p7zip-full)
 # What bench.sh measures with, and the programs that it measures beside the project's own.
 bench_packages=(libbenchmark-dev valgrind python3 gnuplot-nox libsimpleini-dev crudini git libgtest-dev libgmock-dev
     libsoci-dev libboost-dev python3-pyodbc odbc-postgresql postgresql util-linux
-    libxcb1-dev sqlitebrowser poedit filezilla)
+    libgtk-3-dev libxcb1-dev pkgconf sqlitebrowser poedit filezilla)
 
 # need_packages <package>...: installs those that are missing and says which; quick when all are there.
 need_packages() {

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <thread>
 
 namespace ventlock::bench {
@@ -19,6 +20,16 @@ constexpr double kNothing = 0.001;  // seconds a look: a timer that finds nothin
 
 std::string Folder(int process) {
     return "/proc/" + std::to_string(process);
+}
+
+/// A line of what the system tells of its memory.
+long Memory(int process, std::string_view name) {
+    std::ifstream file(Folder(process) + "/status");
+    for (std::string line; std::getline(file, line);) {
+        long size = 0;
+        if (line.starts_with(name) && std::istringstream(line.substr(name.size())) >> size) return size;
+    }
+    throw std::runtime_error("nothing is known of its memory");
 }
 
 }  // namespace
@@ -47,12 +58,16 @@ void AwaitIdle(int process) {
 }
 
 long ResidentKiB(int process) {
-    std::ifstream file(Folder(process) + "/status");
-    for (std::string line; std::getline(file, line);) {
-        long size = 0;
-        if (line.starts_with("VmRSS:") && std::istringstream(line.substr(6)) >> size) return size;
-    }
-    throw std::runtime_error("nothing is known of its memory");
+    return Memory(process, "VmRSS:");
+}
+
+long PeakKiB(int process) {
+    return Memory(process, "VmHWM:");
+}
+
+void ForgetPeak(int process) {
+    std::ofstream file(Folder(process) + "/clear_refs");
+    if (!(file << 5).flush()) throw std::runtime_error("the most it had in memory cannot be forgotten");
 }
 
 bool HasOpen(int process, const std::string& path) {

@@ -14,6 +14,10 @@ double ProcessorSeconds(int process);
 /// What it has in memory now, in KiB, what it shares with others included. @throws std::runtime_error
 long ResidentKiB(int process);
 
+/// The most that it has had in memory since its start or ForgetPeak, in KiB. @throws std::runtime_error
+long PeakKiB(int process);
+void ForgetPeak(int process);
+
 /// Whether it has a file open. @throws std::runtime_error
 bool HasOpen(int process, const std::string& path);
 

@@ -1,6 +1,5 @@
 #include <csignal>
 #include <filesystem>
-#include <memory>
 #include <stdexcept>
 
 #include "support/Files.h"
@@ -21,20 +20,6 @@ struct WindowProgram {
     std::string path;
     std::string title;  ///< what its main window's begins with
     bool isSlow = false;
-};
-
-/// The world is made by whatever needs it first: not at all when other works are measured.
-class LazyWorld {
- public:
-    explicit LazyWorld(Bench& bench) : bench_(bench) {}
-    WindowWorld& operator*() {
-        if (!world_) world_ = std::make_unique<WindowWorld>(bench_.Place(), bench_.Programs());
-        return *world_;
-    }
-
- private:
-    Bench& bench_;
-    std::unique_ptr<WindowWorld> world_;
 };
 
 /// Without it the program greets its user in a dialog before anything else.
@@ -75,20 +60,18 @@ Usage Measure(WindowWorld& world, const WindowProgram& program) {
 
 }  // namespace
 
-void AddWindowStart(Bench& bench) {
-    const auto lazy = std::make_shared<LazyWorld>(bench);
+void AddWindowStart(Bench& bench, WindowWorld& world) {
     const auto add = [&](const WindowProgram& program) {
         Candidate candidate;
         candidate.name = program.name;
         candidate.isSlow = program.isSlow;
-        candidate.prepare = [lazy, program] {
-            WindowWorld& world = **lazy;
+        candidate.prepare = [&world, program] {
             world.Refresh();
             if (program.name == "FileZilla") StoreFileZillaSettings(world);
         };
-        candidate.run = [lazy, program] { return Measure(**lazy, program); };
+        candidate.run = [&world, program] { return Measure(world, program); };
         if (program.name == kOurs)
-            candidate.check = [lazy] { return Outcome{.hasEntry = (**lazy).HasKeptEntry()}; };
+            candidate.check = [&world] { return Outcome{.hasEntry = world.HasKeptEntry()}; };
         bench.Add("window-start", "start", candidate);
     };
     add({kOurs, bench.Place().Path(WindowWorld::kProgram), "Ventlock"});

@@ -1,10 +1,12 @@
 #include "works/WindowWorld.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <utility>
 
 #include "support/Files.h"
+#include "support/OdbcFolder.h"
 
 namespace ventlock::bench {
 
@@ -16,56 +18,76 @@ constexpr const char* kDisplayVariables[] = {
     "DISPLAY",   "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "NO_AT_BRIDGE",     "GDK_BACKEND",
     "GDK_SCALE", "GTK_USE_PORTAL",           "GTK_IM_MODULE",   "GSETTINGS_BACKEND"};
 
+constexpr const char* kPyxIni = "window/Pyx.ini";
 constexpr const char* kShortName = "Dev";
 constexpr const char* kCompleteName = "\"Dev.dll\"";
 
+std::string NameOf(const std::string& variable) {
+    return variable.substr(0, variable.find('=') + 1);
+}
+
+/// Adds the variables that are not there yet. None may be there twice: which one counts then is for each
+/// program to say.
+void Complete(std::vector<std::string>& variables, const std::vector<std::string>& more) {
+    for (const std::string& variable : more) {
+        const auto isSame = [&](const std::string& other) { return other.starts_with(NameOf(variable)); };
+        if (std::none_of(variables.begin(), variables.end(), isSame)) variables.push_back(variable);
+    }
+}
+
 }  // namespace
 
-WindowWorld::WindowWorld(const Workplace& place, const Starter& programs)
-    : place_(place),
-      programs_(programs),
-      database_(place.Path("window/device.db")),
-      store_(place.Path("window/registry.ini")) {
-    fs::create_directories(place.Path("window/program"));
-    fs::create_directories(place.Path("window/system"));
+void WindowWorld::Make() {
+    display_.emplace();
+    fs::create_directories(place_.Path("window/system"));
+    CopyPrograms();
+    MakeEnvironment();
+    MakeDatabase();
+    StoreEntry();
+    settings_ = ReadBytes(Store());
+}
+
+void WindowWorld::CopyPrograms() const {
     const fs::path built = VENTLOCK_WINDOW;
-    fs::copy_file(built, place.Path(kProgram), fs::copy_options::overwrite_existing);
+    const std::string program = place_.Path(kProgram);
+    fs::create_directories(fs::path(program).parent_path());
+    fs::copy_file(built, program);
+    fs::copy_file(VENTLOCK_WINDOW_DRIVER, place_.Path(kDriver));
     for (const char* const name : {"QorStandard.dct", "Ventlock.dct", "Ventlock.hlp"})
-        fs::copy_file(built.parent_path() / name, place.Path("window/program/" + std::string(name)),
-                      fs::copy_options::overwrite_existing);
+        fs::copy_file(built.parent_path() / name, fs::path(program).parent_path() / name);
+}
+
+void WindowWorld::MakeEnvironment() {
     environment_ = {"HOME=" + Home(""),
                     "XDG_CONFIG_HOME=" + Home("config"),
                     "XDG_CACHE_HOME=" + Home("cache"),
                     "XDG_DATA_HOME=" + Home("data"),
                     "XDG_STATE_HOME=" + Home("state"),
-                    "ODBCINI=" + place.Path("window/odbc.ini"),
-                    "ODBCSYSINI=" + place.Path("window/system"),
-                    "VENTLOCK_REGISTRY=" + store_};
+                    "ODBCINI=" + place_.Path("window/odbc.ini"),
+                    "ODBCSYSINI=" + place_.Path("window/system"),
+                    "VENTLOCK_REGISTRY=" + Store()};
     for (const char* const name : kDisplayVariables) {
         const char* const value = std::getenv(name);
         if (value != nullptr) environment_.push_back(std::string(name) + "=" + value);
     }
-    for (const std::string& variable : place.Environment()) environment_.push_back(variable);
-    MakeDatabase();
-    settings_ = StoreEntry();
+    Complete(environment_, place_.Environment());
 }
 
 void WindowWorld::MakeDatabase() const {
     StoreBytes(place_.Path("window/odbc.ini"), "");
     StoreBytes(place_.Path("window/system/odbc.ini"), "");
     StoreBytes(place_.Path("window/system/odbcinst.ini"),
-               "[SQLite3]\nDescription=SQLite 3\nDriver=" VENTLOCK_SQLITE_DRIVER "\n");
-    programs_.Run({{VENTLOCK_CLI, "database", "create", "--file", database_, "--schema", "current", "--dsn",
-                    "PYX", "--quiet"}},
+               "[SQLite3]\nDriver=" + test::OdbcFolder::DriverLibrary("libsqlite3odbc.so") + "\n");
+    programs_.Run({{VENTLOCK_CLI, "database", "create", "--file", Database(), "--schema", "current", "--dsn",
+                    kOwnDataSource, "--quiet"}},
                   environment_);
 }
 
-// Gives what the store holds then.
-std::string WindowWorld::StoreEntry() const {
+void WindowWorld::StoreEntry() const {
     std::vector<std::vector<std::string>> commands;
     for (const auto& [name, value] :
          {std::pair<std::string, std::string>{"ErrLogPath", place_.Path("window/kept.log")},
-          {"INIPath", place_.Path("window/Pyx.ini")},
+          {"INIPath", place_.Path(kPyxIni)},
           {"DDInstallPath", place_.Path("window/Ddinstal.ini")},
           {"ManID", "26"},
           {"ManName", "Acme"},
@@ -84,16 +106,23 @@ std::string WindowWorld::StoreEntry() const {
           {"DevMinCatID", "1"}})
         commands.push_back({VENTLOCK_CLI, "settings", "set", name, value, "--quiet"});
     programs_.Run(commands, environment_);
-    return ReadBytes(store_);
 }
 
-void WindowWorld::Refresh() const {
+std::vector<std::string> WindowWorld::Environment(const std::string& dataSources) const {
+    std::vector<std::string> variables{"ODBCINI=" + dataSources};
+    Complete(variables, environment_);
+    return variables;
+}
+
+void WindowWorld::Refresh(const std::string& dataSource) {
+    if (settings_.empty()) Make();
     fs::create_directories(Home(""));
-    StoreBytes(store_, settings_);
+    StoreBytes(Store(), settings_);
+    StoreBytes(place_.Path(kPyxIni), "[TAV Server 1]\r\nDataSourceName=" + dataSource + "\r\n");
 }
 
 bool WindowWorld::HasKeptEntry() const {
-    return ReadBytes(store_).find(kCompleteName) != std::string::npos;
+    return ReadBytes(Store()).find(kCompleteName) != std::string::npos;
 }
 
 }  // namespace ventlock::bench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,18 +11,22 @@
 namespace ventlock::bench {
 
 /// What the window program needs to start as it does every day: a program folder, a device database with its
-/// data source, and the settings of a run before, which hold a filled entry.
+/// data source, and the settings of a run before, which hold a filled entry. It is made for the first round
+/// that needs it: not at all when other works are measured.
 class WindowWorld {
  public:
-    static constexpr const char* kProgram = "window/program/ventlock";  ///< in the workplace
+    /// In the workplace: the window program, and the one that drives the same window from inside.
+    static constexpr const char* kProgram = "window/program/ventlock";
+    static constexpr const char* kDriver = "window/program/window_driver";
 
-    /// Makes all of it with the command line. Both must outlive the world.
-    WindowWorld(const Workplace& place, const Starter& programs);
+    /// Both must outlive the world.
+    WindowWorld(const Workplace& place, const Starter& programs) : place_(place), programs_(programs) {}
 
-    /// Stores the settings again, and gives the programs an empty home.
-    void Refresh() const;
+    /// Before each round: stores the settings again, which lead to a data source, and gives the programs an
+    /// empty home.
+    void Refresh(const std::string& dataSource = kOwnDataSource);
 
-    [[nodiscard]] const std::string& Database() const noexcept { return database_; }
+    [[nodiscard]] std::string Database() const { return place_.Path("window/device.db"); }
 
     /// Whether the settings are those of a window that held the entry when it was closed: it completes a file
     /// name that the entry leaves short.
@@ -30,21 +35,31 @@ class WindowWorld {
     /// That of all programs with a window.
     [[nodiscard]] const std::vector<std::string>& Environment() const noexcept { return environment_; }
 
+    /// The same with the data sources of another file.
+    [[nodiscard]] std::vector<std::string> Environment(const std::string& dataSources) const;
+
     [[nodiscard]] const Starter& Programs() const noexcept { return programs_; }
-    [[nodiscard]] Display& Screen() noexcept { return display_; }
+    [[nodiscard]] Display& Screen() { return display_.value(); }
 
     /// A file of the home of a round.
     [[nodiscard]] std::string Home(const std::string& name) const { return place_.Target("home/" + name); }
 
+    /// A file that a program leaves what it found in.
+    [[nodiscard]] std::string Answer() const { return place_.Target("answer.txt"); }
+
  private:
+    static constexpr const char* kOwnDataSource = "PYX";
+
+    void Make();
+    void CopyPrograms() const;
+    void MakeEnvironment();
     void MakeDatabase() const;
-    [[nodiscard]] std::string StoreEntry() const;
+    void StoreEntry() const;
+    [[nodiscard]] std::string Store() const { return place_.Path("window/registry.ini"); }
 
     const Workplace& place_;
     const Starter& programs_;
-    Display display_;
-    std::string database_;
-    std::string store_;
+    std::optional<Display> display_;
     std::string settings_;  ///< what the store holds before each round
     std::vector<std::string> environment_;
 };

@@ -2,6 +2,7 @@
 
 #include "support/Bench.h"
 #include "support/Databases.h"
+#include "works/WindowWorld.h"
 
 namespace ventlock::bench {
 
@@ -10,10 +11,15 @@ void AddUpsertPyx(Bench& bench);          ///< one entry into "Pyx.ini" in proce
 void AddRegisterIni(Bench& bench);        ///< the same as a whole program
 void AddRegisterDDInstall(Bench& bench);  ///< one entry into "Ddinstal.ini" as a whole program
 void AddVersion(Bench& bench);            ///< the start of the command line
-void AddWindowStart(Bench& bench);        ///< the start of the window, and what it has in memory then
 
 /// The works of the device database; `databases` must outlive the bench.
 void AddReadRows(Bench& bench, Databases& databases);    ///< the rows of a table, used by name
 void AddRegisterDb(Bench& bench, Databases& databases);  ///< new devices as a whole program
+
+/// The works of the window; `world` and `databases` must outlive the bench.
+void AddWindowStart(Bench& bench, WindowWorld& world);  ///< its start, and what it has in memory then
+void AddKeyPress(Bench& bench, WindowWorld& world);     ///< a key in one of its fields
+void AddWindowWrite(Bench& bench, WindowWorld& world,
+                    Databases& databases);  ///< "Write to Database" with full tables
 
 }  // namespace ventlock::bench
