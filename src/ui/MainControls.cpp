@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kTextColumns = 42;  // of the text boxes, in digits
 constexpr int kVersionRows = 4;
-constexpr int kLeastListWidth = 80;
 
 int Gap(const wxWindow& window) {
     return window.FromDIP(6);
@@ -80,11 +79,9 @@ class MainControls::Page {
     std::unique_ptr<VersionField> Versions(const char* name, std::size_t label, const char* caption,
                                            const char* toolTip, const std::function<void()>& onClick) {
         Label(label, caption, wxALIGN_TOP);
-        // To find a width, the toolkit would measure every item, time and again; the column makes it wider.
-        const wxSize size(panel_->FromDIP(kLeastListWidth),
-                          kVersionRows * (panel_->GetCharHeight() + Gap(*panel_)));
-        auto* box = new wxListBox(panel_, wxID_ANY, wxDefaultPosition, size, 0, nullptr, wxLB_MULTIPLE,
-                                  wxDefaultValidator, name);
+        auto* box = new wxListBox(panel_, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
+                                  wxLB_MULTIPLE, wxDefaultValidator, name);
+        box->SetMinSize(wxSize(-1, kVersionRows * (box->GetCharHeight() + Gap(*box))));
         auto list = std::make_unique<VersionField>(*box, onClick);
         Field(*box, toolTip);
         return list;
