@@ -10,6 +10,7 @@ import time
 
 MOST_MEMORY = 6 << 30  # a change may make a loop endless
 MOST_FILE = 1 << 30
+MOST_SECONDS = 1800  # of a program without a change, on a busy machine
 
 
 class Program:
@@ -45,9 +46,11 @@ class Program:
         with tempfile.NamedTemporaryFile("r") as seen:
             os.chmod(seen.name, 0o666)
             begin = time.monotonic()
-            code, said = self.run({"VENTLOCK_MUTANTS_SEEN": seen.name}, 900)
+            code, said = self.run({"VENTLOCK_MUTANTS_SEEN": seen.name}, MOST_SECONDS)
             self.seconds = time.monotonic() - begin
             self.reached = {int(line) for line in seen}
+        if code == -1:
+            return f"It took longer than {MOST_SECONDS} s."
         return said if code != 0 else None
 
     def answer(self, mutant):
