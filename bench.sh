@@ -8,8 +8,13 @@ set -euo pipefail
 cd "$(dirname "$0")"
 . scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${display_packages[@]}" "${bench_packages[@]}"
+need_packages "${build_packages[@]}" "${display_packages[@]}" "${bench_packages[@]}" \
+    "${windows_packages[@]}" "${windows_test_packages[@]}"
 
+packaging/windows/libraries.sh x86_64 >/dev/null
+cmake --preset bench-windows >/dev/null
+cmake --build --preset bench-windows --target ventlock ventlock-cli ventlock_program_files window_limit
+export VENTLOCK_BENCH_WINDOWS=$PWD/build/bench-windows
 cmake --preset bench >/dev/null
 cmake --build --preset bench --target ventlock_bench
 export PYTHONDONTWRITEBYTECODE=1

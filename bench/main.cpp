@@ -34,6 +34,8 @@ int main(int count, char** arguments) {
 
         WindowWorld world(place, programs);
         AddWindowStart(bench, world);
+        WineWorld wine(place, world);
+        AddWineStart(bench, wine);
         AddKeyPress(bench, world);
         AddWindowWrite(bench, world, databases);
 

@@ -17,7 +17,7 @@ constexpr std::chrono::seconds kToEnd{60};
 /// A program with a window.
 struct WindowProgram {
     std::string name;
-    std::string path;
+    std::vector<std::string> command;
     std::string title;  ///< what its main window's begins with
     bool isSlow = false;
 };
@@ -34,11 +34,11 @@ void StoreFileZillaSettings(const WindowWorld& world) {
 }
 
 /// From its start until its window is mapped; then it rests, is looked at and closed as its user would.
-Usage Measure(WindowWorld& world, const WindowProgram& program) {
+Usage Measure(WindowWorld& world, const WindowProgram& program, const std::vector<std::string>& environment) {
     Display& display = world.Screen();
     display.Forget();
     const auto begin = std::chrono::steady_clock::now();
-    const int process = world.Programs().Start({program.path}, world.Environment());
+    const int process = world.Programs().Start(program.command, environment);
     const auto window = display.AwaitWindow(program.title, kToCome);
     Usage usage;
     bool isConnected = false;
@@ -51,7 +51,7 @@ Usage Measure(WindowWorld& world, const WindowProgram& program) {
         display.Close(*window);
     }
     if (!world.Programs().EndsWithin(window ? kToEnd : std::chrono::seconds{0})) kill(process, SIGKILL);
-    usage.peakKiB = world.Programs().Finish(program.path).peakKiB;
+    usage.peakKiB = world.Programs().Finish(program.command.back()).peakKiB;
     if (!window) throw std::runtime_error("no window has come");
     if (program.name == kOurs && !isConnected)
         throw std::runtime_error("the window came without its database");
@@ -69,16 +69,32 @@ void AddWindowStart(Bench& bench, WindowWorld& world) {
             world.Refresh();
             if (program.name == "FileZilla") StoreFileZillaSettings(world);
         };
-        candidate.run = [&world, program] { return Measure(world, program); };
+        candidate.run = [&world, program] { return Measure(world, program, world.Environment()); };
         if (program.name == kOurs)
             candidate.check = [&world] { return Outcome{.hasEntry = world.HasKeptEntry()}; };
         bench.Add("window-start", "start", candidate);
     };
-    add({kOurs, bench.Place().Path(WindowWorld::kProgram), "Ventlock"});
-    add({"limit", VENTLOCK_WINDOW_LIMIT, "Bare window"});
-    add({"DB Browser for SQLite", "sqlitebrowser", "DB Browser for SQLite", true});
-    add({"FileZilla", "filezilla", "FileZilla", true});
-    add({"Poedit", "poedit", "Welcome to Poedit", true});
+    add({kOurs, {bench.Place().Path(WindowWorld::kProgram)}, "Ventlock"});
+    add({"limit", {VENTLOCK_WINDOW_LIMIT}, "Bare window"});
+    add({"DB Browser for SQLite", {"sqlitebrowser"}, "DB Browser for SQLite", true});
+    add({"FileZilla", {"filezilla"}, "FileZilla", true});
+    add({"Poedit", {"poedit"}, "Welcome to Poedit", true});
+}
+
+void AddWineStart(Bench& bench, WineWorld& world) {
+    const auto add = [&](const std::string& name, const std::string& title, const auto& command) {
+        Candidate candidate;
+        candidate.name = name;
+        candidate.isSlow = true;
+        candidate.prepare = [&world] { world.Refresh(); };
+        candidate.run = [&world, name, title, command] {
+            return Measure(world.Window(), {name, command(), title}, world.Environment());
+        };
+        if (name == kOurs) candidate.check = [&world] { return Outcome{.hasEntry = world.HasKeptEntry()}; };
+        bench.Add("window-start-wine", "start", candidate);
+    };
+    add(kOurs, "Ventlock", [&world] { return world.Program(); });
+    add("limit", "Bare window", [] { return WineWorld::Limit(); });
 }
 
 }  // namespace ventlock::bench

@@ -20,7 +20,7 @@ constexpr const char* kDisplayVariables[] = {
 
 constexpr const char* kPyxIni = "window/Pyx.ini";
 constexpr const char* kShortName = "Dev";
-constexpr const char* kCompleteName = "\"Dev.dll\"";
+constexpr const char* kCompleteName = "Dev.dll";
 
 std::string NameOf(const std::string& variable) {
     return variable.substr(0, variable.find('=') + 1);
@@ -36,6 +36,31 @@ void Complete(std::vector<std::string>& variables, const std::vector<std::string
 }
 
 }  // namespace
+
+std::vector<std::pair<std::string, std::string>> StoredEntry(const std::string& place) {
+    return {{"ErrLogPath", place + "kept.log"},
+            {"INIPath", place + "Pyx.ini"},
+            {"DDInstallPath", place + "Ddinstal.ini"},
+            {"ManID", "26"},
+            {"ManName", "Acme"},
+            {"ManDesc", "Acme Inc"},
+            {"ProtID", "2"},
+            {"DevID", "0A"},
+            {"DevName", "Flow"},
+            {"DevDesc", "Flow meter"},
+            {"DLLName", kShortName},
+            {"TemplateName", "t.mrg"},
+            {"DevHelp", "h.hlp"},
+            {"BlkHelp", "b.hlp"},
+            {"DevRevName", "R1"},
+            {"DevRevDesc", "First"},
+            {"DevCatID", "1"},
+            {"DevMinCatID", "1"}};
+}
+
+bool HoldsEntry(std::string_view settings) {
+    return settings.find(kCompleteName) != std::string_view::npos;
+}
 
 void WindowWorld::Make() {
     display_.emplace();
@@ -85,25 +110,7 @@ void WindowWorld::MakeDatabase() const {
 
 void WindowWorld::StoreEntry() const {
     std::vector<std::vector<std::string>> commands;
-    for (const auto& [name, value] :
-         {std::pair<std::string, std::string>{"ErrLogPath", place_.Path("window/kept.log")},
-          {"INIPath", place_.Path(kPyxIni)},
-          {"DDInstallPath", place_.Path("window/Ddinstal.ini")},
-          {"ManID", "26"},
-          {"ManName", "Acme"},
-          {"ManDesc", "Acme Inc"},
-          {"ProtID", "2"},
-          {"DevID", "0A"},
-          {"DevName", "Flow"},
-          {"DevDesc", "Flow meter"},
-          {"DLLName", kShortName},
-          {"TemplateName", "t.mrg"},
-          {"DevHelp", "h.hlp"},
-          {"BlkHelp", "b.hlp"},
-          {"DevRevName", "R1"},
-          {"DevRevDesc", "First"},
-          {"DevCatID", "1"},
-          {"DevMinCatID", "1"}})
+    for (const auto& [name, value] : StoredEntry(place_.Path("window/")))
         commands.push_back({VENTLOCK_CLI, "settings", "set", name, value, "--quiet"});
     programs_.Run(commands, environment_);
 }
@@ -122,7 +129,7 @@ void WindowWorld::Refresh(const std::string& dataSource) {
 }
 
 bool WindowWorld::HasKeptEntry() const {
-    return ReadBytes(Store()).find(kCompleteName) != std::string::npos;
+    return HoldsEntry(ReadBytes(Store()));
 }
 
 }  // namespace ventlock::bench

@@ -2,6 +2,8 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "support/Display.h"
@@ -9,6 +11,14 @@
 #include "support/Workplace.h"
 
 namespace ventlock::bench {
+
+/// The stored settings of a window with a filled entry, by name. @param place  where its files lie, as a path
+/// of the program's system, with the character that ends a folder
+std::vector<std::pair<std::string, std::string>> StoredEntry(const std::string& place);
+
+/// Whether stored settings are those of a window that held the entry when it was closed: it completes a file
+/// name that the entry leaves short. @param settings  any form in which texts are found as they are
+bool HoldsEntry(std::string_view settings);
 
 /// What the window program needs to start as it does every day: a program folder, a device database with its
 /// data source, and the settings of a run before, which hold a filled entry. It is made for the first round
@@ -28,8 +38,7 @@ class WindowWorld {
 
     [[nodiscard]] std::string Database() const { return place_.Path("window/device.db"); }
 
-    /// Whether the settings are those of a window that held the entry when it was closed: it completes a file
-    /// name that the entry leaves short.
+    /// Whether the window held the entry when it was closed.
     [[nodiscard]] bool HasKeptEntry() const;
 
     /// That of all programs with a window.
