@@ -2,8 +2,15 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace ventlock {
+
+/// An item of a list, with a number that belongs to it.
+struct ListItem {
+    std::string text;
+    std::int32_t data = 0;
+};
 
 /// A list or combo box as the rules below the window see it. Indexes count from 0.
 class IList {
@@ -13,9 +20,8 @@ class IList {
     [[nodiscard]] virtual std::string Text(int index) const = 0;
     [[nodiscard]] virtual std::int32_t ItemData(int index) const = 0;
 
-    /// Adds an item at the end and returns its index.
-    virtual int Add(const std::string& text) = 0;
-    virtual void SetItemData(int index, std::int32_t data) = 0;
+    /// Adds items at the end. In one call: a list in a window may measure itself anew after each.
+    virtual void Add(const std::vector<ListItem>& items) = 0;
 };
 
 /// A window's place on the screen; any unit, the same for all four.

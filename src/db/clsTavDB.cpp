@@ -137,11 +137,18 @@ bool clsTavDB::LoadProtocols(IList& cboProtocol) {
 void clsTavDB::LoadList(IList& list, std::string_view statement, std::string_view idColumn,
                         std::string_view textColumn) {
     const auto rows = OpenSnapshot(oAppObjects_, statement);
-    for (; !rows->AtEnd(); rows->MoveNext()) {
-        const int index = list.Add(rows->Column(textColumn).Text());
-        list.SetItemData(index, ToItemData(rows->Column(idColumn).Number()));
-        events_.Yield();
+    std::vector<ListItem> items;
+    try {
+        for (; !rows->AtEnd(); rows->MoveNext()) {
+            items.push_back({rows->Column(textColumn).Text(), 0});
+            items.back().data = ToItemData(rows->Column(idColumn).Number());
+            events_.Yield();
+        }
+    } catch (...) {
+        list.Add(items);  // what has been read so far is offered
+        throw;
     }
+    list.Add(items);
 }
 
 std::string clsTavDB::GetCategoryID(const std::string& szCategory, std::int16_t iOperation) {

@@ -18,14 +18,10 @@ std::int32_t ListField::ItemData(int index) const {
     return itemData_.at(static_cast<std::size_t>(index));
 }
 
-int ListField::Add(const std::string& text) {
-    box_.Append(ToWx(text));
-    itemData_.push_back(0);
-    return Count() - 1;
-}
-
-void ListField::SetItemData(int index, std::int32_t data) {
-    itemData_.at(static_cast<std::size_t>(index)) = data;
+void ListField::Add(const std::vector<ListItem>& items) {
+    if (items.empty()) return;
+    box_.Append(TextsToWx(items));
+    for (const ListItem& item : items) itemData_.push_back(item.data);
 }
 
 void ListField::Clear() {

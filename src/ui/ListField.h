@@ -24,8 +24,7 @@ class ListField : public IList {
     [[nodiscard]] int Count() const override;
     [[nodiscard]] std::string Text(int index) const override;
     [[nodiscard]] std::int32_t ItemData(int index) const override;
-    int Add(const std::string& text) override;
-    void SetItemData(int index, std::int32_t data) override;
+    void Add(const std::vector<ListItem>& items) override;
 
     /// Takes all items away; nothing is chosen then. Runs no handler.
     virtual void Clear();

@@ -18,8 +18,8 @@ std::string VersionField::Text(int index) const {
     return FromWx(box_.GetString(static_cast<unsigned>(index)));
 }
 
-int VersionField::Add(const std::string& text) {
-    return box_.Append(ToWx(text));
+void VersionField::Add(const std::vector<ListItem>& items) {
+    if (!items.empty()) box_.Append(TextsToWx(items));
 }
 
 bool VersionField::IsSelected(int index) const {

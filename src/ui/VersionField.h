@@ -22,8 +22,7 @@ class VersionField final : public IList {
     [[nodiscard]] int Count() const override;
     [[nodiscard]] std::string Text(int index) const override;
     [[nodiscard]] std::int32_t ItemData(int /*index*/) const override { return 0; }
-    int Add(const std::string& text) override;
-    void SetItemData(int /*index*/, std::int32_t /*data*/) override {}
+    void Add(const std::vector<ListItem>& items) override;
 
     [[nodiscard]] bool IsSelected(int index) const;
 

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <wx/arrstr.h>
 #include <wx/string.h>
 
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "core/IList.h"
 
 namespace ventlock {
 
@@ -14,6 +18,13 @@ inline wxString ToWx(std::string_view utf8) {
 
 inline std::string FromWx(const wxString& text) {
     return text.utf8_string();
+}
+
+inline wxArrayString TextsToWx(const std::vector<ListItem>& items) {
+    wxArrayString texts;
+    texts.reserve(items.size());
+    for (const ListItem& item : items) texts.push_back(ToWx(item.text));
+    return texts;
 }
 
 }  // namespace ventlock

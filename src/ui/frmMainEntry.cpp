@@ -82,8 +82,10 @@ void frmMain::LoadCaptions() {
 
 void frmMain::LoadEntry(StepLabel& step) {
     step = "01";
-    for (const std::string& version : ParseVersionList(offeredVersions_, services_.events, &oAppObjects_))
-        controls_.lstTAVVersionSupport->Add(version);
+    std::vector<ListItem> versions;
+    for (std::string& version : ParseVersionList(offeredVersions_, services_.events, &oAppObjects_))
+        versions.push_back({std::move(version)});
+    controls_.lstTAVVersionSupport->Add(versions);
 
     step = "02";
     const clsManufacturer& manufacturer = records_.TavDB().Manufacturer();

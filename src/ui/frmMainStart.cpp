@@ -106,9 +106,10 @@ bool frmMain::ConnectDatabase() {
 bool frmMain::FillLists() {
     const std::array revisions{controls_.cboDevRev.get(), controls_.cboDDRev.get(),
                                controls_.cboHARTRev.get()};
-    for (std::size_t i = 0; i < kRevisions.size(); i += kRevisionDigits) {
-        for (EditableList* list : revisions) list->Add(std::string(kRevisions.substr(i, kRevisionDigits)));
-    }
+    std::vector<ListItem> items;
+    for (std::size_t i = 0; i < kRevisions.size(); i += kRevisionDigits)
+        items.push_back({std::string(kRevisions.substr(i, kRevisionDigits))});
+    for (EditableList* list : revisions) list->Add(items);
     controls_.cboDevRev->Select(kFirstRevision);
     controls_.cboDDRev->Select(kFirstRevision);
     controls_.cboHARTRev->Select(kHartRevision);

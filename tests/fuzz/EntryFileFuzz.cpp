@@ -72,12 +72,9 @@ void RequireSameInEveryEncoding(const std::string& bytes, const EntryFile& file)
 
 ReferenceLists SomeLists() {
     ReferenceLists lists;
-    for (const char* name : {"HART", "Fieldbus", "Conventional"}) {
-        lists.protocols.SetItemData(lists.protocols.Add(name), lists.protocols.Count());
-        lists.majorCategories.SetItemData(lists.majorCategories.Add(name),
-                                          32766 + lists.majorCategories.Count());
-        lists.minorCategories.SetItemData(lists.minorCategories.Add(name), -lists.minorCategories.Count());
-    }
+    lists.protocols.Add({{"HART", 1}, {"Fieldbus", 2}, {"Conventional", 3}});
+    lists.majorCategories.Add({{"HART", 32767}, {"Fieldbus", 32768}, {"Conventional", 32769}});
+    lists.minorCategories.Add({{"HART", -1}, {"Fieldbus", -2}, {"Conventional", -3}});
     return lists;
 }
 

@@ -16,12 +16,10 @@ namespace {
 class Reentry : public testing::Test {
  protected:
     Reentry() {
-        for (const char* protocol : {"HART", "Fieldbus", "Conventional"})
-            controls_.cboDeviceProtocol->Add(protocol);
-        for (const char* category : {"None", "Pressure"}) {
-            controls_.cboDeviceCategory->Add(category);
-            controls_.cboMinorCategory->Add(category);
-        }
+        controls_.cboDeviceProtocol->Add({{"HART"}, {"Fieldbus"}, {"Conventional"}});
+        for (ListField* categories : std::initializer_list<ListField*>{controls_.cboDeviceCategory.get(),
+                                                                       controls_.cboMinorCategory.get()})
+            categories->Add({{"None"}, {"Pressure"}});
         controls_.txtMain[kRevisionNameBox]->SetText("R1");
         controls_.cboDeviceProtocol->Select(2);
         controls_.cboDeviceCategory->Select(1);
@@ -90,7 +88,7 @@ TEST_F(Reentry, DoesNotHappenWhenNothingChanges) {
 }
 
 TEST_F(Reentry, ByAChosenItemRunsItsHandlerOnce) {
-    controls_.cboDevRev->Add("00");
+    controls_.cboDevRev->Add({{"00"}});
     evaluations_ = 0;
     controls_.cboDevRev->Select(0);
     controls_.cboDevRev->Select(0);

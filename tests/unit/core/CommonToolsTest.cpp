@@ -124,8 +124,6 @@ TEST(FillParam, AddsNoQuotesAndDoublesNothing) {
 
 class Searches : public ModuleTools {
  protected:
-    void Add(const std::string& text, std::int32_t data) { list_.SetItemData(list_.Add(text), data); }
-
     ItemList list_;
 };
 
@@ -135,7 +133,7 @@ TEST_F(Searches, FindListTextOnAnEmptyListIsMinusOne) {
 }
 
 TEST_F(Searches, FindListTextIsExactAndCaseSensitiveAndGivesTheFirstOfEqualItems) {
-    for (const char* const text : {"5.0", "abc", "Abc", "abc", "6.0"}) list_.Add(text);
+    list_.Add({{"5.0"}, {"abc"}, {"Abc"}, {"abc"}, {"6.0"}});
     EXPECT_EQ(FindListText(list_, "5.0"), 0);
     EXPECT_EQ(FindListText(list_, "abc"), 1);
     EXPECT_EQ(FindListText(list_, "Abc"), 2);
@@ -147,11 +145,7 @@ TEST_F(Searches, FindListTextIsExactAndCaseSensitiveAndGivesTheFirstOfEqualItems
 
 TEST_F(Searches, FindListItemDataGivesTheFirstMatchElseMinusOne) {
     EXPECT_EQ(FindListItemData(list_, 0), -1);
-    Add("HART", 0);
-    Add("fieldbus", 1);
-    Add("again", 1);
-    Add("large", 65537);
-    Add("last", -7);
+    list_.Add({{"HART", 0}, {"fieldbus", 1}, {"again", 1}, {"large", 65537}, {"last", -7}});
     EXPECT_EQ(FindListItemData(list_, 0), 0) << "data 0 can match";
     EXPECT_EQ(FindListItemData(list_, 1), 1);
     EXPECT_EQ(FindListItemData(list_, -7), 4);
@@ -163,8 +157,7 @@ TEST_F(Searches, AnErrorOfTheListGivesMinusOneAndAMessage) {
         [[nodiscard]] int Count() const override { return 1; }
         [[nodiscard]] std::string Text(int) const override { throw std::bad_alloc(); }
         [[nodiscard]] std::int32_t ItemData(int) const override { throw RunTimeError(ErrorNumber::Overflow); }
-        int Add(const std::string&) override { return 0; }
-        void SetItemData(int, std::int32_t) override {}
+        void Add(const std::vector<ListItem>&) override {}
     };
     const BrokenList broken;
     EXPECT_EQ(FindListText(broken, "x"), -1);
@@ -177,14 +170,13 @@ TEST_F(Searches, AnErrorOfTheListGivesMinusOneAndAMessage) {
 TEST(ItemList, KeepsTextsAndItemData) {
     ItemList list;
     EXPECT_EQ(list.Count(), 0);
-    EXPECT_EQ(list.Add("a"), 0);
-    EXPECT_EQ(list.Add("b"), 1);
-    list.SetItemData(1, 70000);
-    EXPECT_EQ(list.Count(), 2);
+    list.Add({{"a"}});
+    list.Add({{"b", 70000}, {"c", 1}});
+    EXPECT_EQ(list.Count(), 3);
     EXPECT_EQ(list.Text(1), "b");
     EXPECT_EQ(list.ItemData(0), 0);
     EXPECT_EQ(list.ItemData(1), 70000);
-    EXPECT_THROW(static_cast<void>(list.Text(2)), std::out_of_range);
+    EXPECT_THROW(static_cast<void>(list.Text(3)), std::out_of_range);
 }
 
 class Bounds final : public IBounds {

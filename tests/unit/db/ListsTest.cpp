@@ -76,7 +76,7 @@ TEST_F(Lists, ProtocolsStandInIdOrderWithTheirIds) {
 }
 
 TEST_F(Lists, LoadingAppendsToWhatIsThere) {
-    list_.SetItemData(list_.Add("Before"), 99);
+    list_.Add({{"Before", 99}});
     EXPECT_TRUE(tavDB_.LoadProtocols(list_));
     EXPECT_TRUE(tavDB_.LoadProtocols(list_));
     EXPECT_EQ(Items(list_),
@@ -113,7 +113,12 @@ TEST_F(Lists, AnIdThatIsNoNumberEndsTheLoad) {
     world_.Execute("UPDATE DeviceProtocols SET ProtocolId = NULL WHERE Name = 'Fieldbus'");
     EXPECT_FALSE(tavDB_.LoadProtocols(list_));
     world_.Execute("UPDATE MajorDeviceCategories SET MajorDeviceCategoryId = 'x' WHERE Name = 'Flow'");
-    EXPECT_FALSE(tavDB_.LoadCategories(list_, 8));
+    ItemList categories;
+    EXPECT_FALSE(tavDB_.LoadCategories(categories, 8));
+    ASSERT_EQ(categories.Count(), 10) << "the rows before it, and its text";
+    EXPECT_EQ(categories.Text(9), "Flow");
+    EXPECT_EQ(categories.ItemData(8), 9);
+    EXPECT_EQ(categories.ItemData(9), 0);
     world_.Execute("UPDATE DeviceProtocols SET ProtocolId = 2147483648 WHERE ProtocolId IS NULL");
     EXPECT_FALSE(tavDB_.LoadProtocols(list_));
     EXPECT_THAT(world_.Entries(), ElementsAre("DBlp-00: Invalid use of Null (94)",

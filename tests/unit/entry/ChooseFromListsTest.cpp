@@ -12,9 +12,9 @@ FileEntry EntryOf(const std::string& text) {
     return file.entries.at(0);
 }
 
-ItemList ListOf(const std::vector<std::pair<std::string, std::int32_t>>& items) {
+ItemList ListOf(const std::vector<ListItem>& items) {
     ItemList list;
-    for (const auto& [text, data] : items) list.SetItemData(list.Add(text), data);
+    list.Add(items);
     return list;
 }
 

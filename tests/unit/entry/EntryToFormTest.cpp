@@ -15,9 +15,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-ItemList ListOf(const std::vector<std::pair<std::string, int>>& items) {
+ItemList ListOf(const std::vector<ListItem>& items) {
     ItemList list;
-    for (const auto& [text, data] : items) list.SetItemData(list.Add(text), data);
+    list.Add(items);
     return list;
 }
 
