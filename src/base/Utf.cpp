@@ -1,5 +1,7 @@
 #include "base/Utf.h"
 
+#include <algorithm>
+
 namespace ventlock {
 namespace {
 
@@ -117,6 +119,11 @@ std::string ToUtf16Bytes(std::string_view utf8) {
         bytes += static_cast<char>(unit >> 8U);
     }
     return bytes;
+}
+
+bool IsAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
 }
 
 bool IsUtf8(std::string_view text) {

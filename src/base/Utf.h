@@ -35,6 +35,9 @@ std::optional<std::string> FromUtf16Bytes(std::string_view bytes);
 /// The way back.
 std::string ToUtf16Bytes(std::string_view utf8);
 
+/// True when no byte of the text is above 127.
+bool IsAscii(std::string_view text);
+
 /// True when every byte of the text belongs to a well-formed character (no lone surrogates).
 bool IsUtf8(std::string_view text);
 

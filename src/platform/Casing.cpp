@@ -1,6 +1,5 @@
 #include "platform/Casing.h"
 
-#include <algorithm>
 #include <cstdint>
 
 #include "base/Utf.h"
@@ -12,7 +11,7 @@ namespace {
 /// only itself.
 constexpr char32_t kRawByte = 0x110000;
 
-bool IsAscii(char c) {
+bool IsAsciiByte(char c) {
     return (static_cast<unsigned char>(c) & 0x80U) == 0;
 }
 
@@ -35,10 +34,10 @@ template <class AsciiCase, class WideCase>
 std::string Converted(std::string_view utf8, AsciiCase asciiCase, WideCase wideCase) {
     std::string result(utf8);
     for (char& c : result) c = asciiCase(c);
-    if (std::all_of(utf8.begin(), utf8.end(), IsAscii)) return result;
+    if (IsAscii(utf8)) return result;
     result.clear();
     for (std::size_t at = 0; at < utf8.size();) {
-        if (IsAscii(utf8[at])) {
+        if (IsAsciiByte(utf8[at])) {
             result += asciiCase(utf8[at++]);
             continue;
         }
@@ -66,7 +65,7 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     std::size_t atA = 0;
     std::size_t atB = 0;
     while (atA < a.size() && atB < b.size()) {
-        if (IsAscii(a[atA]) && IsAscii(b[atB])) {
+        if (IsAsciiByte(a[atA]) && IsAsciiByte(b[atB])) {
             if (AsciiUpper(a[atA++]) != AsciiUpper(b[atB++])) return false;
             continue;
         }
@@ -81,7 +80,7 @@ std::size_t HashIgnoringCase(std::string_view utf8) {
     constexpr std::uint64_t kFactor = 0x100000001b3U;
     std::uint64_t hash = kBegin;
     for (std::size_t at = 0; at < utf8.size();) {
-        const char32_t character = IsAscii(utf8[at]) ? static_cast<unsigned char>(AsciiUpper(utf8[at++]))
+        const char32_t character = IsAsciiByte(utf8[at]) ? static_cast<unsigned char>(AsciiUpper(utf8[at++]))
                                                      : UpperCase(NextOrRawByte(utf8, at));
         hash = (hash ^ character) * kFactor;
     }

@@ -1,6 +1,5 @@
 #include "platform/CodePage.h"
 
-#include <algorithm>
 #include <map>
 #include <memory>
 #include <numeric>
@@ -14,11 +13,6 @@ namespace ventlock {
 namespace {
 
 constexpr int kUtf8 = 65001;
-
-bool IsAscii(std::string_view text) {
-    return std::none_of(text.begin(), text.end(),
-                        [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
-}
 
 std::string Decode(HostCodePage& page, std::string_view bytes) {
     std::string text;

@@ -15,11 +15,6 @@ namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-bool IsAscii(std::string_view text) {
-    return std::none_of(text.begin(), text.end(),
-                        [](char c) { return (static_cast<unsigned char>(c) & 0x80U) != 0; });
-}
-
 std::string RequireUtf16(std::string_view bytes) {
     std::optional<std::string> text = FromUtf16Bytes(bytes);
     if (!text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 
@@ -8,6 +9,14 @@
 #include <vector>
 
 namespace ventlock {
+
+/// Of a new file, less the process's file mode mask.
+inline constexpr mode_t kOrdinaryMode = 0666;
+
+/// How a file is opened whose name others may use. O_NONBLOCK: a pipe of that name must not hold the program
+/// up before it can be refused. O_NOFOLLOW: a link that has come since the target was found counts no more
+/// than any other that may not be followed.
+inline constexpr int kHowToOpen = O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
 
 /// The system calls that file operations are made of, each with the system's own meaning: -1 and errno on
 /// failure.

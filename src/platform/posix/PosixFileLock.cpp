@@ -12,9 +12,7 @@
 namespace ventlock {
 namespace {
 
-constexpr mode_t kOrdinaryMode = 0666;
 constexpr std::chrono::milliseconds kPause{5};  // between two tries
-constexpr int kHowToOpen = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
 
 }  // namespace
 

@@ -16,12 +16,7 @@
 namespace ventlock {
 namespace {
 
-constexpr mode_t kOrdinaryMode = 0666;
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
-
-/// O_NONBLOCK: a pipe of that name must not hold the program up before it can be refused. O_NOFOLLOW: a link
-/// that has come since the target was found counts no more than any other that may not be followed.
-constexpr int kHowToOpen = O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW;
 
 /// Behind a file's size, so that its end is found, and some lines can be put in, without more room.
 constexpr std::size_t kRoomBehind = 4096;

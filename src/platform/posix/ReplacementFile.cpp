@@ -15,7 +15,6 @@ namespace ventlock {
 namespace {
 
 constexpr int kMostNames = 100;
-constexpr mode_t kOrdinaryMode = 0666;  // less the process's file mode mask
 constexpr mode_t kPrivateMode = 0600;
 constexpr mode_t kModeBits = 07777;
 

@@ -101,5 +101,12 @@ TEST(Utf, BytesOfUtf16AreLeastSignificantFirstBothWays) {
     EXPECT_EQ(FromUtf16Bytes("A"), std::nullopt) << "half a character is no text";
 }
 
+TEST(Utf, AsciiEndsAt127) {
+    EXPECT_TRUE(IsAscii(""));
+    EXPECT_TRUE(IsAscii(std::string_view("a\0\x7F", 3)));
+    EXPECT_FALSE(IsAscii("a\x80"));
+    EXPECT_FALSE(IsAscii("\xFF z"));
+}
+
 }  // namespace
 }  // namespace ventlock

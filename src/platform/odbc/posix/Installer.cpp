@@ -4,11 +4,11 @@
 
 #include <odbcinst.h>
 
-#include <algorithm>
 #include <array>
 #include <string>
 
 #include "base/RunTimeError.h"
+#include "base/Utf.h"
 
 namespace ventlock::odbc {
 namespace {
@@ -32,10 +32,6 @@ RunTimeError InstallerFailure() {
 
 void Require(BOOL done) {
     if (!done) throw InstallerFailure();
-}
-
-bool IsAscii(const std::string& text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 }  // namespace
