@@ -25,7 +25,7 @@ class IPaths {
     /// Where the log goes when the program's folder cannot be written: the user's state folder.
     virtual std::string StateFolder() = 0;
 
-    /// True when files can be made in the program's folder.
+    /// True when files can be made in the program's folder, and it is not one of the system's own.
     virtual bool ProgramFolderIsWritable() = 0;
 
     /// Folder and file name with one separator of the host between them.

@@ -14,6 +14,14 @@
 #include "platform/posix/Folders.h"
 
 namespace ventlock {
+namespace {
+
+/// What lies there is put there by packages and taken away by them; whatever else were in it would stay.
+bool IsOfPackages(const std::string& folder) {
+    return folder.starts_with("/usr/") && !folder.starts_with("/usr/local/");
+}
+
+}  // namespace
 
 PosixPaths::PosixPaths(std::string exeName, std::string programLink)
     : exeName_(std::move(exeName)), programLink_(std::move(programLink)) {}
@@ -51,7 +59,8 @@ std::string PosixPaths::StateFolder() {
 }
 
 bool PosixPaths::ProgramFolderIsWritable() {
-    return faccessat(AT_FDCWD, ProgramFolder().c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+    const std::string folder = ProgramFolder();
+    return !IsOfPackages(folder) && faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
 std::string PosixPaths::Join(std::string_view folder, std::string_view name) {

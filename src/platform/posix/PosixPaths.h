@@ -26,6 +26,8 @@ class PosixPaths final : public IPaths {
     /// $XDG_STATE_HOME/ventlock or ~/.local/state/ventlock. It is made when missing, because it is asked for
     /// in order to write there; when that fails the writing will say so.
     std::string StateFolder() override;
+
+    /// False in /usr as well, other than in /usr/local: not even an administrator's log belongs there.
     bool ProgramFolderIsWritable() override;
     std::string Join(std::string_view folder, std::string_view name) override;
     bool IsAbsolute(std::string_view path) override;

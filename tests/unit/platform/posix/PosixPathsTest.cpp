@@ -1,6 +1,7 @@
 #include "platform/posix/PosixPaths.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -45,6 +46,15 @@ TEST(PosixPaths, TheProgramsFolderIsWritableOrNot) {
     fs::permissions(folder.Path(), fs::perms(0555));
     EXPECT_EQ(ExitCodeAsOrdinaryUser([&] { return paths.ProgramFolderIsWritable() ? 1 : 0; }), 0);
     fs::permissions(folder.Path(), fs::perms(0755));
+}
+
+TEST(PosixPaths, NothingIsWrittenBesideAProgramThatAPackageHasInstalled) {
+    TempFolder folder;
+    fs::create_symlink("/usr/bin/env", folder / "packages");
+    EXPECT_FALSE(PosixPaths("ventlock", folder / "packages").ProgramFolderIsWritable());
+    fs::create_symlink("/usr/local/bin/env", folder / "own");
+    EXPECT_EQ(PosixPaths("ventlock", folder / "own").ProgramFolderIsWritable(),
+              access("/usr/local/bin", W_OK) == 0);
 }
 
 TEST(PosixPaths, TheWindowsDirectoryIsTheFolderOfTheUsersConfiguration) {
