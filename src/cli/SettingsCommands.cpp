@@ -1,7 +1,8 @@
 #include "cli/SettingsCommands.h"
 
+#include <array>
+#include <string_view>
 #include <utility>
-#include <vector>
 
 #include "base/Numbers.h"
 #include "cli/Advice.h"
@@ -15,15 +16,27 @@ namespace {
 
 using NamedValues = std::vector<std::pair<std::string, std::string>>;
 
+/// A setting that is kept elsewhere than the rows of StoredSettings.
+struct OtherSetting {
+    std::string_view name;
+    std::string clsSettings::*property;
+    bool isChanged;  ///< by a command; the others stand in the program's own INI file
+};
+
+constexpr std::array kOtherSettings = {
+    OtherSetting{kDataSourceKey, &clsSettings::DSN, true},
+    OtherSetting{"Language", &clsSettings::Language, true},
+    OtherSetting{"DDVersion", &clsSettings::DDInstallVersion, false},
+    OtherSetting{"TAVVersionSupport", &clsSettings::TAVVersions, false},
+};
+
 NamedValues AllSettings(const clsSettings& settings) {
     NamedValues values;
     for (const SettingRow& row : StoredSettings()) {
         values.emplace_back(row.writtenName, settings.SettingText(row));
     }
-    values.emplace_back(kDataSourceKey, settings.DSN);
-    values.emplace_back("Language", settings.Language);
-    values.emplace_back("DDVersion", settings.DDInstallVersion);
-    values.emplace_back("TAVVersionSupport", settings.TAVVersions);
+    for (const OtherSetting& other : kOtherSettings)
+        values.emplace_back(other.name, settings.*other.property);
     return values;
 }
 
@@ -33,6 +46,15 @@ NamedValues AllSettings(const clsSettings& settings) {
 }
 
 }  // namespace
+
+std::vector<std::string> SettingNames(bool isToChange) {
+    std::vector<std::string> names;
+    for (const SettingRow& row : StoredSettings()) names.emplace_back(row.writtenName);
+    for (const OtherSetting& other : kOtherSettings) {
+        if (other.isChanged || !isToChange) names.emplace_back(other.name);
+    }
+    return names;
+}
 
 ExitCode ListSettings(Services& services, Console& console) {
     auto& json = console.document["settings"] = nlohmann::ordered_json::object();
@@ -66,12 +88,12 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
         console.WriteNews(std::string(kDataSourceKey) + "=" + value);
         return ExitCode::Done;
     }
-    for (const char* const own : {"DDVersion", "TAVVersionSupport"}) {
-        if (!EqualIgnoringCase(name, own)) continue;
+    for (const OtherSetting& own : kOtherSettings) {
+        if (own.isChanged || !EqualIgnoringCase(name, own.name)) continue;
         throw CliError(
             ExitCode::WrongCall,
-            std::string(own) + " is no setting of this user; it stands in the program's own INI file", {},
-            "Change it in " + OwnIniPath(services.Machine().Paths(), services.Machine().Files()) + ".");
+            std::string(own.name) + " is no setting of this user; it stands in the program's own INI file",
+            {}, "Change it in " + OwnIniPath(services.Machine().Paths(), services.Machine().Files()) + ".");
     }
     RegistryStatus status = kRegistrySuccess;
     if (EqualIgnoringCase(name, "Language")) {

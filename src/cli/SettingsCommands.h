@@ -1,11 +1,16 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "cli/Console.h"
 #include "cli/Services.h"
 
 namespace ventlock {
+
+/// Names of all settings in the order of their listing; with `isToChange` only of those that SetSetting
+/// takes.
+std::vector<std::string> SettingNames(bool isToChange);
 
 /// Every setting as name=value, in the order of their reading.
 ExitCode ListSettings(Services& services, Console& console);

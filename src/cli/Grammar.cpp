@@ -1,0 +1,269 @@
+#include "cli/Grammar.h"
+
+#include <array>
+#include <utility>
+
+#include "cli/CheckCommand.h"
+#include "cli/CliError.h"
+#include "cli/DatabaseCommands.h"
+#include "cli/RegisterCommand.h"
+#include "cli/SettingsCommands.h"
+
+namespace ventlock {
+namespace {
+
+constexpr const char* kDescription =
+    "Registers HART field devices with a Tav installation: in the device database, in Pyx.ini and in "
+    "Ddinstal.ini.";
+
+constexpr std::array kExamples = {
+    Example{"ventlock-cli check flow.ini", "Check the entries of a file, without a database."},
+    Example{"ventlock-cli register flow.ini --all --dry-run",
+            "See the statements and the changes of both files; nothing is written."},
+    Example{"ventlock-cli register devices/*.ini --db --ini --json",
+            "Register a folder of entries from a script, with one JSON document as the answer."},
+};
+
+constexpr std::array kExitMeanings = {
+    ExitMeaning{ExitCode::Done, "everything asked for was done"},
+    ExitMeaning{ExitCode::TargetFailed, "at least one target failed"},
+    ExitMeaning{ExitCode::WrongCall, "the call or the entry file is wrong"},
+    ExitMeaning{ExitCode::Unreachable, "a target cannot be reached"},
+};
+
+/// What the help ends with.
+std::string Footer() {
+    std::string text = "Examples:";
+    for (const Example& example : kExamples) text.append("\n  ").append(example.call);
+    text += "\n\nExit codes:";
+    for (const ExitMeaning& meaning : kExitMeanings) {
+        text.append("\n  " + std::to_string(static_cast<int>(meaning.code)) + "  ").append(meaning.text);
+    }
+    return text;
+}
+
+std::vector<std::string> Generations() {
+    return {"current", "old"};
+}
+
+/// Long names first, then the short ones, as they are typed.
+std::vector<std::string> TypedNames(const CLI::Option& option) {
+    std::vector<std::string> names;
+    for (const std::string& name : option.get_lnames()) names.push_back("--" + name);
+    for (const std::string& name : option.get_snames()) names.push_back("-" + name);
+    return names;
+}
+
+}  // namespace
+
+Grammar::Grammar(Host& host) : host_(host), app_(kDescription, "ventlock-cli") {
+    app_.require_subcommand(1);
+    app_.fallthrough();
+    app_.footer(Footer());
+    app_.set_version_flag("--version", Version(), "Print the version and end");
+    app_.add_flag("--json", given_.isJson, "Answer with one JSON document on stdout");
+    app_.add_flag("--quiet,-q", given_.isQuiet, "Print errors and asked-for data only");
+    CLI::Option* timeLimit = app_.add_option("--timeout", given_.timeLimit,
+                                             "Longest time the database may take to answer, in seconds");
+    Takes(timeLimit, {"SECONDS", ValueSource::Free, {}})->check(CLI::Range(1, 3600));
+    AddRegister();
+    AddCheck();
+    AddDatabase();
+    AddSettings();
+}
+
+std::string Grammar::Version() {
+    IAppInfo& info = host_.AppInfo();
+    return "ventlock-cli " + std::to_string(info.Major()) + "." + std::to_string(info.Minor()) + "." +
+           std::to_string(info.Revision()) + " (" + std::to_string(sizeof(void*) * 8) + " bit)";
+}
+
+void Grammar::Set(CLI::App* command, const std::string& name, Command action) {
+    command->callback([this, name, action = std::move(action)] {
+        name_ = name;
+        wanted_ = action;
+    });
+}
+
+CLI::Option* Grammar::Takes(CLI::Option* option, ValueDescription value) {
+    if (option->nonpositional()) option->type_name(value.name);
+    values_[option] = std::move(value);
+    return option;
+}
+
+CLI::Option* Grammar::TakesWord(CLI::Option* option, const std::string& valueName,
+                                const std::vector<std::string>& words) {
+    return Takes(option, {valueName, ValueSource::Words, words})->check(CLI::IsMember(words));
+}
+
+void Grammar::AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
+                      const std::string& description, const ValueDescription& value) {
+    Takes(command->add_option_function<std::string>(
+              name, [&text](const std::string& given) { text = given; }, description),
+          value);
+}
+
+void Grammar::AddTargets(CLI::App* command, const std::string& verb) {
+    Takes(command->add_option("FILE", given_.files, "Entry files: one section an entry")->required(),
+          {"FILE", ValueSource::IniFiles, {}});
+    command->add_flag("--db", given_.toDatabase, verb + " the device database");
+    command->add_flag("--ini", given_.toIni, verb + " Pyx.ini");
+    command->add_flag("--ddinstall", given_.toDDInstall, verb + " Ddinstal.ini");
+    AddText(command, "--ini-path", given_.iniPath, "Path of Pyx.ini (default: the setting INIPath)",
+            {"PATH", ValueSource::IniFiles, {}});
+    AddText(command, "--ddinstall-path", given_.ddInstallPath,
+            "Path of Ddinstal.ini (default: the setting DDInstallPath)", {"PATH", ValueSource::IniFiles, {}});
+}
+
+void Grammar::AddDataSource(CLI::App* command) {
+    AddText(command, "--dsn", given_.dataSource, "Data source (default: the setting DataSourceName)",
+            {"NAME", ValueSource::DataSources, {}});
+}
+
+void Grammar::AddSchema(CLI::App* command, const std::string& description) {
+    TakesWord(command->add_option("--schema", given_.schema, description), "GENERATION", Generations())
+        ->capture_default_str();
+}
+
+void Grammar::AddRegister() {
+    CLI::App* command = app_.add_subcommand("register", "Write entries to the database and the files");
+    AddTargets(command, "Write to");
+    command->add_flag("--all", given_.toAll, "Write to all three");
+    AddDataSource(command);
+    command->add_flag("--dry-run", given_.isDryRun,
+                      "Write nothing; print the statements and what would change in the files");
+    command->add_flag("--one-transaction", given_.isOneTransaction,
+                      "Write all entries to the database or, when it refuses one, none anywhere");
+    Set(command, "register", [this](Services& services, Console& console) {
+        const RegisterOptions options{given_.files,      RegisterTargets(),
+                                      IniPath(services), DDInstallPath(services),
+                                      given_.isDryRun,   given_.isOneTransaction};
+        return RunRegister(services, options, console);
+    });
+}
+
+void Grammar::AddCheck() {
+    CLI::App* command = app_.add_subcommand("check", "Check entry files by every rule");
+    AddTargets(command, "Check for");
+    AddSchema(command, "Schema of the database the entries go to");
+    command->add_flag("--strict", given_.isStrict, "Warnings count as errors");
+    Set(command, "check", [this](Services& services, Console& console) {
+        Targets targets{given_.toDatabase, given_.toIni, given_.toDDInstall};
+        if (!targets.Any()) targets = {true, true, true};
+        const CheckOptions options{given_.files,    targets,           given_.schema == "old",
+                                   given_.isStrict, IniPath(services), DDInstallPath(services)};
+        return RunCheck(services, options, console);
+    });
+}
+
+void Grammar::AddDatabase() {
+    CLI::App* database = app_.add_subcommand("database", "Make and look into device databases");
+    database->require_subcommand(1);
+    database->fallthrough();
+
+    CLI::App* create = database->add_subcommand("create", "Make an SQLite device database");
+    Takes(create->add_option("--file", given_.databaseFile, "The new file")->required(),
+          {"PATH", ValueSource::Files, {}});
+    AddSchema(create, "Generation of its schema");
+    Takes(create->add_option("--dsn", given_.newDataSource, "Data source to register for it"),
+          {"NAME", ValueSource::Free, {}});
+    Set(create, "database create", [this](Services& services, Console& console) {
+        const CreateDatabaseOptions options{services.Absolute(given_.databaseFile), given_.schema == "old",
+                                            given_.newDataSource};
+        return CreateDatabase(services, options, console);
+    });
+
+    CLI::App* info = database->add_subcommand("info", "Schema, row counts and connection facts");
+    AddDataSource(info);
+    Set(info, "database info",
+        [](Services& services, Console& console) { return ShowDatabase(services, console); });
+
+    CLI::App* list = database->add_subcommand("list", "Rows of one kind");
+    TakesWord(list->add_option("KIND", given_.kind, "What to list")->required(), "KIND",
+              {"protocols", "major-categories", "minor-categories", "manufacturers", "devices"});
+    AddDataSource(list);
+    Set(list, "database list",
+        [this](Services& services, Console& console) { return ListRows(services, given_.kind, console); });
+
+    CLI::App* sources = database->add_subcommand("sources", "Data sources and their drivers");
+    Set(sources, "database sources", [](Services&, Console& console) { return ListSources(console); });
+}
+
+void Grammar::AddSettings() {
+    CLI::App* settings = app_.add_subcommand("settings", "Show and change the stored settings");
+    settings->require_subcommand(1);
+    settings->fallthrough();
+    CLI::App* list = settings->add_subcommand("list", "All settings");
+    Set(list, "settings list",
+        [](Services& services, Console& console) { return ListSettings(services, console); });
+    CLI::App* get = settings->add_subcommand("get", "One setting");
+    Takes(get->add_option("NAME", given_.settingName)->required(), {"NAME", ValueSource::Settings, {}});
+    Set(get, "settings get", [this](Services& services, Console& console) {
+        return GetSetting(services, given_.settingName, console);
+    });
+    CLI::App* set = settings->add_subcommand("set", "Change one setting");
+    Takes(set->add_option("NAME", given_.settingName)->required(),
+          {"NAME", ValueSource::ChangedSettings, {}});
+    Takes(set->add_option("VALUE", given_.settingValue)->required(), {"VALUE", ValueSource::Free, {}});
+    Set(set, "settings set", [this](Services& services, Console& console) {
+        return SetSetting(services, given_.settingName, given_.settingValue, console);
+    });
+}
+
+Targets Grammar::RegisterTargets() const {
+    if (given_.toAll) return {true, true, true};
+    if (given_.isOneTransaction && !given_.toDatabase) {
+        throw CliError(ExitCode::WrongCall,
+                       "--one-transaction is for the database, which is no target of this call", {},
+                       "Add --db, or leave --one-transaction out.");
+    }
+    const Targets targets{given_.toDatabase, given_.toIni, given_.toDDInstall};
+    if (!targets.Any()) {
+        throw CliError(ExitCode::WrongCall, "no target was named", {},
+                       "Add --db, --ini, --ddinstall or --all.");
+    }
+    return targets;
+}
+
+std::string Grammar::IniPath(Services& services) const {
+    return services.Absolute(given_.iniPath.value_or(services.Settings().INIPath));
+}
+
+std::string Grammar::DDInstallPath(Services& services) const {
+    return services.Absolute(given_.ddInstallPath.value_or(services.Settings().DDInstallPath));
+}
+
+CommandDescription Grammar::Describe(const CLI::App& command) const {
+    CommandDescription description;
+    description.name = command.get_name();
+    description.text = command.get_description();
+    for (const CLI::Option* option : command.get_options()) {
+        const auto value = values_.find(option);
+        if (option->nonpositional()) {
+            description.options.push_back(
+                {TypedNames(*option), value == values_.end() ? std::nullopt : std::optional(value->second),
+                 option->get_description(), option->get_default_str(), option->get_required()});
+        } else {
+            description.arguments.push_back({values_.at(option), option->get_description(),
+                                             option->get_required(), option->get_items_expected_max() > 1});
+        }
+    }
+    for (const CLI::App* part : command.get_subcommands(nullptr)) {
+        description.commands.push_back(Describe(*part));
+    }
+    return description;
+}
+
+CommandDescription DescribeCommandLine(Host& host) {
+    return Grammar(host).Describe();
+}
+
+std::span<const Example> Examples() {
+    return kExamples;
+}
+
+std::span<const ExitMeaning> ExitMeanings() {
+    return kExitMeanings;
+}
+
+}  // namespace ventlock

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/CommandDescription.h"
+#include "cli/Console.h"
+#include "cli/ExitCode.h"
+#include "cli/Services.h"
+#include "entry/RequiredFields.h"
+
+namespace ventlock {
+
+/// The options of all commands as they were given.
+struct Options {
+    std::vector<std::string> files;
+    bool toDatabase = false;
+    bool toIni = false;
+    bool toDDInstall = false;
+    bool toAll = false;
+    // Given but empty is not omitted: an unset variable in a script must not lead to the default's target.
+    std::optional<std::string> dataSource;
+    std::optional<std::string> iniPath;
+    std::optional<std::string> ddInstallPath;
+    bool isDryRun = false;
+    bool isOneTransaction = false;
+    bool isStrict = false;
+    std::string schema = "current";
+    std::string databaseFile;
+    std::string newDataSource;
+    std::string kind;
+    std::string settingName;
+    std::string settingValue;
+    int timeLimit = 0;  ///< seconds; 0: the defaults
+    bool isJson = false;
+    bool isQuiet = false;
+};
+
+using Command = std::function<ExitCode(Services&, Console&)>;
+
+/// The command line's own grammar, and the command it asks for.
+class Grammar {
+ public:
+    explicit Grammar(Host& host);
+
+    CLI::App& App() { return app_; }
+    [[nodiscard]] const Options& Given() const { return given_; }
+    [[nodiscard]] const Command& Wanted() const { return wanted_; }
+    [[nodiscard]] const std::string& Name() const { return name_; }
+
+    [[nodiscard]] CommandDescription Describe() const { return Describe(app_); }
+
+ private:
+    std::string Version();
+    void Set(CLI::App* command, const std::string& name, Command action);
+
+    /// Tells what the value of an option or argument is called and taken from.
+    CLI::Option* Takes(CLI::Option* option, ValueDescription value);
+
+    /// Lets an option or argument take one of `words` only.
+    CLI::Option* TakesWord(CLI::Option* option, const std::string& valueName,
+                           const std::vector<std::string>& words);
+
+    /// An option whose empty text is kept apart from no text at all.
+    void AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
+                 const std::string& description, const ValueDescription& value);
+    void AddTargets(CLI::App* command, const std::string& verb);
+    void AddDataSource(CLI::App* command);
+    void AddSchema(CLI::App* command, const std::string& description);
+    void AddRegister();
+    void AddCheck();
+    void AddDatabase();
+    void AddSettings();
+
+    [[nodiscard]] Targets RegisterTargets() const;
+    std::string IniPath(Services& services) const;
+    std::string DDInstallPath(Services& services) const;
+    [[nodiscard]] CommandDescription Describe(const CLI::App& command) const;
+
+    Host& host_;
+    CLI::App app_;
+    std::map<const CLI::Option*, ValueDescription> values_;
+    Options given_;
+    Command wanted_;
+    std::string name_;
+};
+
+}  // namespace ventlock
