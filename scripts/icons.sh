@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the pictures that the window and the Windows programs are built with from data/icons/ventlock.svg. Run it after a
+# Makes the pictures of the window, of the Windows programs and of desktops from data/icons/ventlock.svg. Run it after a
 # change of the drawing.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -20,3 +20,10 @@ for size in 16 24 32 48 64 256; do
     rsvg-convert --width "$size" --height "$size" data/icons/ventlock.svg >"$work/$size.png"
 done
 icotool --create --output=packaging/windows/ventlock.ico "$work"/{16,24,32,48,64}.png --raw="$work/256.png"
+
+# What a desktop shows in its menus and lists.
+for size in 16 22 24 32 48 64 128 256; do
+    folder=data/icons/hicolor/${size}x$size/apps
+    mkdir -p "$folder"
+    rsvg-convert --width "$size" --height "$size" --output="$folder/ventlock.png" data/icons/ventlock.svg
+done
