@@ -24,6 +24,13 @@ if(WIN32)
     # The system's headers as of Windows 10, without their rarely used parts and their macros "min" and "max".
     target_compile_definitions(ventlock_flags INTERFACE _WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX)
 endif()
+if(NOT WIN32)
+    # What Debian builds its own programs with: a write beyond a buffer ends the program, and once it has started nobody
+    # can change which functions it calls.
+    target_compile_options(ventlock_flags INTERFACE
+        $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2> $<$<CONFIG:Release>:-fstack-protector-strong>)
+    target_link_options(ventlock_flags INTERFACE $<$<CONFIG:Release>:-Wl,-z,relro,-z,now>)
+endif()
 if(VENTLOCK_SANITIZE)
     target_compile_options(ventlock_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
