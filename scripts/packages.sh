@@ -9,6 +9,12 @@ test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc od
 display_packages=(xvfb openbox x11-utils x11-xkb-utils x11-xserver-utils xdotool dbus-daemon dbus-bin at-spi2-core
     imagemagick)
 
+# What makes the Debian package: packaging/linux/package.sh takes these.
+linux_packages=(dpkg-dev binutils git gzip zip unzip xz-utils)
+
+# What the tests of this package look into it with, and the shells that complete its command line.
+linux_test_packages=(lintian mandoc appstream desktop-file-utils bash-completion zsh fish)
+
 # What makes the Windows programs and their packages on Linux: packaging/windows/package.sh takes these.
 windows_packages=(g++ cmake ninja-build make dpkg-dev git libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libdtl-dev googletest
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev nsis zip unzip)

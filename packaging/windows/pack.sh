@@ -19,10 +19,9 @@ cd "$(dirname "$0")/../.."
 
 version=$(sed -n 's/^project(ventlock VERSION \([0-9.]*\).*/\1/p' CMakeLists.txt)
 IFS=. read -r major minor patch <<<"$version"
-export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
-export LC_ALL=C TZ=UTC
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+. packaging/same_bytes.sh
 
 top=$work/package/ventlock-$version-$arch # both word sizes may be unpacked side by side
 mkdir -p "$top"
@@ -31,22 +30,7 @@ mkdir -p "$top"
 cp -r data/QorStandard.dct data/Ventlock.dct data/schema data/sample "$top"
 sed 's/$/\r/' packaging/windows/README.txt >"$top/README.txt"
 
-# set_times <folder>: rights and times of everything below it.
-set_times() {
-    chmod -R u=rwX,go=rX "$1"
-    find "$1" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +
-}
-
-# zip_folder <folder> <zip>: what is in the folder, sorted, without what a zip can note of owners and of other times.
-zip_folder() {
-    (cd "$1" && find . -type f -printf '%P\n' | sort | zip -q -9 -X -@ "$work/new.zip")
-    mv "$work/new.zip" "$2"
-}
-
-# The help book of the build again, without the owners and the times of access that its zip notes.
-unzip -q "$bin/Ventlock.hlp" -d "$work/book"
-set_times "$work/book"
-zip_folder "$work/book" "$top/Ventlock.hlp"
+bind_book "$bin/Ventlock.hlp" "$top/Ventlock.hlp"
 set_times "$top"
 
 name=$output/ventlock-$version-windows-$arch.zip
