@@ -16,7 +16,8 @@ if [ $# -gt 0 ]; then
 fi
 . scripts/packages.sh
 
-need_packages "${build_packages[@]}" "${test_packages[@]}" "${display_packages[@]}"
+need_packages "${build_packages[@]}" "${test_packages[@]}" "${display_packages[@]}" "${linux_packages[@]}" \
+    "${linux_test_packages[@]}"
 
 mapfile -t sources < <(git ls-files --cached --others --exclude-standard 'src/*.cpp' 'src/*.h' 'tests/*.cpp' 'tests/*.h')
 echo "clang-format: ${#sources[@]} files"

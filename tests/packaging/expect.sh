@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by the checks of the Windows packages, which have their folder for scratch files in `work`.
+# Sourced by the checks of the packages, which have their folder for scratch files in `work`.
 
 breaches=0
 
