@@ -3,7 +3,7 @@
 # Fails, telling every breach, when one of the shells does not complete calls of the command line by the package's files.
 # Words are typed into a shell on a terminal as a user types them; the shell then prints what it has made of them.
 set -euo pipefail
-package=$1
+package=$(realpath "$1")
 cd "$(dirname "$0")"
 . ../expect.sh
 work=$(mktemp -d)

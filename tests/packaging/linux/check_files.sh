@@ -3,7 +3,7 @@
 # Fails, telling every breach, when the Debian package does not hold the files it is to hold as it is to hold them, when the
 # places that name the version differ, or when it is not the same the second time.
 set -euo pipefail
-build=$1 package=$2
+build=$(realpath "$1") package=$(realpath "$2")
 cd "$(dirname "$0")"
 . ../expect.sh
 root=../../..
@@ -18,7 +18,7 @@ tree=$work/tree
 # Every file with mode, owner and what a link leads to.
 expect "files" "$(cat content.txt)" \
     "$(dpkg-deb --fsys-tarfile "$package" | tar --list --verbose --numeric-owner | grep -v '/$' |
-        awk '{ line = $1 " " $2 " " $6; if ($7) line = line " " $7 " " $8; print line }')"
+        awk '{ line = $1 " " $2 " " $6; if ($7) line = line " " $7 " " $8; print line }' | sort -k 3)"
 expect "folders that are not root's alone to change" "" \
     "$(dpkg-deb --fsys-tarfile "$package" | tar --list --verbose --numeric-owner | grep '/$' |
         grep -v '^drwxr-xr-x 0/0 ' || true)"
@@ -85,7 +85,8 @@ driver=$(odbcinst -q -d | tr -d '[]' | grep -i -m 1 sqlite3)
 printf '[PYX]\nDriver=%s\nDatabase=%s\n' "$driver" "$work/home/pyx.db" | as_user tee odbc.ini >"$work/odbc"
 expect "an entry is registered" "" "$(as_user ventlock-cli register --quiet --all --dsn PYX --ini-path Pyx.ini \
     --ddinstall-path Ddinstal.ini "$tree/usr/share/doc/ventlock/examples/flow-transmitter.ini" || true)"
-expect "what it was registered as" "[000026.0007.01]" "$(grep '^\[000026' "$work/home/Pyx.ini" || true)"
+expect "what it was registered as" "[000026.0007.01]" \
+    "$(tr -d '\r' <"$work/home/Pyx.ini" | grep '^\[000026' || true)"
 expect "a data source that is missing" 3 \
     "$(as_user ventlock-cli database info --dsn Nowhere >"$work/refused" || echo $?)"
 expect "the log" 1 "$(grep -c 'Data source name not found' "$work/home/.local/state/ventlock/Ventlock.log" 2>&1)"

@@ -2,7 +2,7 @@
 # check_forms.sh <package>
 # Fails, telling every breach, when a tool that knows how the files of a package are to look has anything to say.
 set -euo pipefail
-package=$1
+package=$(realpath "$1")
 cd "$(dirname "$0")"
 . ../expect.sh
 work=$(mktemp -d)

@@ -3,7 +3,7 @@
 # On a display: fails, telling every breach, when the desktop cannot tell the window of the package's program from others,
 # or when the program does not find its files.
 set -euo pipefail
-package=$1
+package=$(realpath "$1")
 cd "$(dirname "$0")"
 . ../expect.sh
 work=$(mktemp -d)
