@@ -81,10 +81,15 @@ register	Write entries to the database and the files
 settings	Show and change the stored settings" "$(completed_by_fish "ventlock-cli ")"
 expect "fish: data sources" "My source	Some driver
 Plain	Another" "$(completed_by_fish "ventlock-cli register --dsn ")"
+expect "fish: more of a data source with a blank" "My source	Some driver" \
+    "$(completed_by_fish 'ventlock-cli register --dsn My\\ so')"
+expect "fish: a data source in quotation marks" "My source	Some driver" \
+    "$(completed_by_fish 'ventlock-cli register --dsn "My s')"
 expect "fish: a data source behind its option's sign" "--dsn=Plain	Another" \
     "$(completed_by_fish "ventlock-cli register --dsn=P")"
 expect "fish: entry files" "devices/
 my flow.ini" "$(completed_by_fish "ventlock-cli register " | cut -f 1)"
+expect "fish: nothing where nothing may stand" "" "$(completed_by_fish "ventlock-cli register no" | cut -f 1)"
 expect "fish: any file" "notes.txt" "$(completed_by_fish "ventlock-cli database create --file n" | cut -f 1)"
 expect "fish: a path behind its option's sign" "--ini-path=my flow.ini" \
     "$(completed_by_fish "ventlock-cli check --ini-path=m" | cut -f 1)"
