@@ -16,14 +16,15 @@ if [ $# -gt 1 ] || [[ ${1:-} == -* ]] || [ "$(id -u)" -ne 0 ]; then
 fi
 package=${1:-}
 [ -z "$package" ] || package=$(realpath "$package")
-cd "$(dirname "$0")/../.."
+self=$(realpath "$0")
+cd "$(dirname "$self")/../.."
 # Mounts of its own, which end with the script, and a display that is not the user's.
 if [ -z "${VENTLOCK_TRIED:-}" ]; then
     . scripts/packages.sh
     need_packages mmdebstrap util-linux "${display_packages[@]}"
     [ -n "$package" ] || package=$(packaging/linux/package.sh | tail -n 1)
     export VENTLOCK_TRIED=$package VENTLOCK_PICTURES=$pictures
-    exec unshare --mount --pid --fork --kill-child --mount-proc tests/support/display/with_display.sh "$(realpath "$0")" "$package"
+    exec tests/support/display/with_display.sh unshare --mount --pid --fork --kill-child --mount-proc "$self" "$package"
 fi
 pictures=$VENTLOCK_PICTURES
 
