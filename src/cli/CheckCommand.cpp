@@ -13,7 +13,7 @@ ExitCode RunCheck(Services& services, const CheckOptions& options, Console& cons
     std::size_t errors = 0;
     std::size_t warnings = 0;
     auto& list = console.document["findings"] = nlohmann::ordered_json::array();
-    for (const LoadedEntryFile& file : LoadEntryFiles(services, options.files)) {
+    for (const LoadedEntryFile& file : LoadEntryFiles(services, options.files, console)) {
         std::vector<Finding> findings = file.content.findings;
         for (const FileEntry& entry : file.content.entries) {
             const auto found =

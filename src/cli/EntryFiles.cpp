@@ -1,24 +1,95 @@
 #include "cli/EntryFiles.h"
 
+#include <algorithm>
+#include <optional>
+#include <string_view>
 #include <utility>
 
 #include "base/Utf.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
+#include "platform/Casing.h"
 
 namespace ventlock {
+namespace {
 
-std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vector<std::string>& paths) {
-    std::vector<LoadedEntryFile> files;
-    for (const std::string& path : paths) {
+/// True for the name of what may be an entry file in a folder.
+bool IsEntryFileName(std::string_view name) {
+    constexpr std::string_view kEnding = ".ini";
+    if (name.starts_with('.') || name.size() < kEnding.size()) return false;
+    if (EqualIgnoringCase(name, "Pyx.ini") || EqualIgnoringCase(name, "Ddinstal.ini")) return false;
+    return EqualIgnoringCase(name.substr(name.size() - kEnding.size()), kEnding);
+}
+
+class Loader {
+ public:
+    Loader(Services& services, Console& console) : services_(services), console_(console) {}
+
+    std::vector<LoadedEntryFile> Load(const std::vector<std::string>& paths) {
+        for (const std::string& path : paths) {
+            if (auto names = NamesIn(path)) {
+                LoadFolder(path, std::move(*names));
+            } else {
+                files_.push_back({path, ParseEntryFile(Read(path))});
+            }
+        }
+        return std::move(files_);
+    }
+
+ private:
+    std::optional<std::vector<std::string>> NamesIn(const std::string& path) {
         try {
-            files.push_back({path, ParseEntryFile(services.Files().ReadAll(services.Absolute(path)))});
+            return services_.Files().FilesIn(services_.Absolute(path));
+        } catch (const RunTimeError& error) {
+            throw CliError(ExitCode::WrongCall, "folder " + path + ": " + error.what(), {},
+                           "Check that you may read the folder.");
+        }
+    }
+
+    std::string Read(const std::string& path) {
+        try {
+            return services_.Files().ReadAll(services_.Absolute(path));
         } catch (const RunTimeError& error) {
             throw CliError(ExitCode::WrongCall, "entry file " + path + ": " + error.what(), {},
                            FileAdvice(error.Number()));
         }
     }
-    return files;
+
+    void LoadFolder(const std::string& folder, std::vector<std::string> names) {
+        std::sort(names.begin(), names.end());
+        const std::size_t before = files_.size();
+        for (const std::string& name : names) {
+            if (!IsEntryFileName(name)) continue;
+            const std::string path = services_.Machine().Paths().Join(folder, name);
+            const std::string bytes = Read(path);
+            if (MayBeEntryFile(bytes)) {
+                files_.push_back({path, ParseEntryFile(bytes)});
+            } else {
+                LeaveOut(path);
+            }
+        }
+        if (files_.size() != before) return;
+        throw CliError(ExitCode::WrongCall, "folder " + folder + ": there is no entry file in it", {},
+                       "Entry files are named *.ini; \"Pyx.ini\", \"Ddinstal.ini\", hidden files and folders "
+                       "below it do not count.");
+    }
+
+    void LeaveOut(const std::string& path) {
+        console_.document["leftOut"].push_back(path);
+        if (console_.isJson || console_.isQuiet) return;
+        console_.WriteProblem(path + ": left out: it holds no key of an entry");
+    }
+
+    Services& services_;
+    Console& console_;
+    std::vector<LoadedEntryFile> files_;
+};
+
+}  // namespace
+
+std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vector<std::string>& paths,
+                                            Console& console) {
+    return Loader(services, console).Load(paths);
 }
 
 ProfileFile EncodingOfTarget(Services& services, const std::string& path) {

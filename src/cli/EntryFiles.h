@@ -23,8 +23,12 @@ struct FileFindings {
     std::vector<Finding> findings;
 };
 
-/// Reads all entry files. @throws CliError 2 for one that cannot be read.
-std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vector<std::string>& paths);
+/// Reads all entry files, in the order of `paths`. A folder stands for its entry files, sorted by the bytes
+/// of their names: those named *.ini, but for hidden files, "Pyx.ini" and "Ddinstal.ini". One that is another
+/// program's by its content is left out, which the console tells.
+/// @throws CliError 2 for what cannot be read and for a folder without entry files.
+std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vector<std::string>& paths,
+                                            Console& console);
 
 /// A profile file of the target's encoding, to tell what can be written to it; what else it holds does not
 /// count. @throws CliError when the target cannot be read.

@@ -20,7 +20,7 @@ constexpr std::array kExamples = {
     Example{"ventlock-cli check flow.ini", "Check the entries of a file, without a database."},
     Example{"ventlock-cli register flow.ini --all --dry-run",
             "See the statements and the changes of both files; nothing is written."},
-    Example{"ventlock-cli register devices/*.ini --db --ini --json",
+    Example{"ventlock-cli register devices --db --ini --json",
             "Register a folder of entries from a script, with one JSON document as the answer."},
 };
 
@@ -104,7 +104,8 @@ void Grammar::AddText(CLI::App* command, const std::string& name, std::optional<
 }
 
 void Grammar::AddTargets(CLI::App* command, const std::string& verb) {
-    Takes(command->add_option("FILE", given_.files, "Entry files: one section an entry")->required(),
+    Takes(command->add_option("FILE", given_.files, "Entry files, or folders of entry files (*.ini)")
+              ->required(),
           {"FILE", ValueSource::IniFiles, {}});
     command->add_flag("--db", given_.toDatabase, verb + " the device database");
     command->add_flag("--ini", given_.toIni, verb + " Pyx.ini");

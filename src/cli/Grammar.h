@@ -17,7 +17,7 @@ namespace ventlock {
 
 /// The options of all commands as they were given.
 struct Options {
-    std::vector<std::string> files;
+    std::vector<std::string> files;  ///< entry files and folders of them
     bool toDatabase = false;
     bool toIni = false;
     bool toDDInstall = false;

@@ -34,7 +34,7 @@ void RegisterPlan::Prepare() {
 }
 
 void RegisterPlan::LoadEntries() {
-    files_ = LoadEntryFiles(services_, options_.files);
+    files_ = LoadEntryFiles(services_, options_.files, console_);
     std::vector<FileFindings> findings;
     for (const LoadedEntryFile& file : files_) findings.push_back({file.path, file.content.findings});
     EndOnErrors(findings);

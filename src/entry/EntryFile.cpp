@@ -110,6 +110,22 @@ class Parser {
     int line_ = 0;
 };
 
+/// Keys of a profile file's bytes, known ones and others.
+struct KeyCounts {
+    std::size_t known = 0;
+    std::size_t others = 0;
+};
+
+KeyCounts CountKeys(std::string_view text) {
+    KeyCounts counts;
+    ProfileLines lines(text);
+    for (ProfileLine line; lines.Next(line);) {
+        const auto key = KeyName(line.Content(text));
+        if (key) ++(FindKey(TrimBlanks(*key)) != nullptr ? counts.known : counts.others);
+    }
+    return counts;
+}
+
 }  // namespace
 
 std::span<const EntryKey> EntryKeys() {
@@ -137,6 +153,16 @@ EntryFile ParseEntryFile(std::string_view bytes) {
         {badLine, Severity::Error, "not-text",
          "the file is no text in UTF-8 from here on; save it as UTF-8, or as UTF-16 with a mark"});
     return file;
+}
+
+bool MayBeEntryFile(std::string_view bytes) {
+    std::string text(bytes.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0));
+    if (bytes.starts_with(kUtf16Mark)) {
+        text = FromUtf16Bytes(bytes.substr(kUtf16Mark.size())).value_or(std::string());
+    }
+    if (text.find('\0') != std::string::npos) return true;  // UTF-16 without its mark, for one
+    const KeyCounts counts = CountKeys(text);
+    return counts.known != 0 || counts.others == 0;
 }
 
 }  // namespace ventlock

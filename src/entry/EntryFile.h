@@ -60,4 +60,8 @@ struct EntryFile {
 /// an entry. Everything that is wrong with its form is found at once; keys and sections ignore case.
 EntryFile ParseEntryFile(std::string_view bytes);
 
+/// False for a profile file that another program has: it holds keys, in any encoding, and none of them is one
+/// of an entry. For files that nobody has named; True for whatever may be an entry file with errors.
+bool MayBeEntryFile(std::string_view bytes);
+
 }  // namespace ventlock

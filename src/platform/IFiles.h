@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ventlock {
 
@@ -29,6 +30,10 @@ class IFiles {
 
     /// True only for an existing regular file (through links); never throws.
     virtual bool Exists(const std::string& path) = 0;
+
+    /// Names of what a folder (through links) holds but for the folders in it, in no order; they may be gone
+    /// by now. Nothing when the path leads to no folder. @throws RunTimeError when the folder cannot be read.
+    virtual std::optional<std::vector<std::string>> FilesIn(const std::string& folder) = 0;
 
     /// True when a file can be made in the folder of `path` and an existing file at `path` can be replaced.
     /// @throws RunTimeError what Replace would raise for a reason that can be seen beforehand.

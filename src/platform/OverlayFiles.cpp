@@ -6,6 +6,10 @@ bool OverlayFiles::Exists(const std::string& path) {
     return written_.contains(path) || below_->Exists(path);
 }
 
+std::optional<std::vector<std::string>> OverlayFiles::FilesIn(const std::string& folder) {
+    return below_->FilesIn(folder);
+}
+
 void OverlayFiles::RequireReplaceable(const std::string& path) {
     below_->RequireReplaceable(path);
 }

@@ -17,6 +17,10 @@ bool RelativeFiles::Exists(const std::string& path) {
     return below_.Exists(Absolute(path));
 }
 
+std::optional<std::vector<std::string>> RelativeFiles::FilesIn(const std::string& folder) {
+    return below_.FilesIn(Absolute(folder));
+}
+
 void RelativeFiles::RequireReplaceable(const std::string& path) {
     below_.RequireReplaceable(Absolute(path));
 }

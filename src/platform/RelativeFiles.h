@@ -1,8 +1,10 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/IFiles.h"
 #include "platform/IPaths.h"
@@ -17,6 +19,7 @@ class RelativeFiles final : public IFiles {
     RelativeFiles(IFiles& below, IPaths& paths, std::string folder);
 
     bool Exists(const std::string& path) override;
+    std::optional<std::vector<std::string>> FilesIn(const std::string& folder) override;
     void RequireReplaceable(const std::string& path) override;
     std::string ReadAll(const std::string& path) override;
     std::optional<std::string> ReadIfThere(const std::string& path) override;

@@ -136,16 +136,6 @@ TEST(EntryFile, ThatIsMissingIsRefusedWithCode2) {
         "entry file entry.ini: File not found \"<world>/entry/entry.ini\": No such file or directory");
 }
 
-TEST(EntryFile, ThatIsAFolderIsRefusedWithCode2) {
-    const World world;
-    std::filesystem::create_directory(world.Path("entry.ini"));
-    ExpectRefused(
-        world, kRegisterEntry, 2,
-        "ventlock-cli: entry file entry.ini: Path/File access error \"<world>/entry/entry.ini\": Is a "
-        "directory\n"
-        "  Check that the path names a file, not a folder, and that you may read and write it.\n");
-}
-
 TEST(EntryFile, ThatMayNotBeReadIsRefusedWithCode2) {
     World world;
     world.MakeDatabase();

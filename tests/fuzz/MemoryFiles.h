@@ -13,6 +13,9 @@ namespace ventlock::test {
 class MemoryFiles final : public IFiles {
  public:
     bool Exists(const std::string& path) override { return files_.contains(path); }
+
+    /// There are no folders here.
+    std::optional<std::vector<std::string>> FilesIn(const std::string& /*folder*/) override { return {}; }
     void RequireReplaceable(const std::string& /*path*/) override {}
 
     /// @throws RunTimeError 53 for a missing file.

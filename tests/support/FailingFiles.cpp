@@ -17,6 +17,11 @@ void FailingFiles::Count(FileOperation operation) {
     if (failure != failures_.end() && failure->second.call == call) throw RunTimeError(failure->second.error);
 }
 
+std::optional<std::vector<std::string>> FailingFiles::FilesIn(const std::string& folder) {
+    Count(FileOperation::FilesIn);
+    return below_.FilesIn(folder);
+}
+
 void FailingFiles::RequireReplaceable(const std::string& path) {
     Count(FileOperation::RequireReplaceable);
     below_.RequireReplaceable(path);

@@ -10,7 +10,7 @@
 
 namespace ventlock::test {
 
-enum class FileOperation { RequireReplaceable, ReadAll, Replace, Copy, Append, Lock };
+enum class FileOperation { FilesIn, RequireReplaceable, ReadAll, Replace, Copy, Append, Lock };
 
 /// Real files of which a chosen operation fails at a chosen call and works at all others. A failing call does
 /// not reach the files below.
@@ -27,6 +27,7 @@ class FailingFiles final : public IFiles {
     [[nodiscard]] int Calls(FileOperation operation) const;
 
     bool Exists(const std::string& path) override { return below_.Exists(path); }
+    std::optional<std::vector<std::string>> FilesIn(const std::string& folder) override;
     void RequireReplaceable(const std::string& path) override;
     std::string ReadAll(const std::string& path) override;
     void Replace(const std::string& path, std::string_view bytes) override;

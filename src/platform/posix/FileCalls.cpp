@@ -5,6 +5,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdio>
 
 namespace ventlock {
@@ -14,8 +15,12 @@ namespace {
 int List(const char* folder, std::vector<std::string>& names) {
     DIR* const stream = ::opendir(folder);
     if (stream == nullptr) return -1;
+    errno = 0;
     while (const dirent* const entry = ::readdir(stream)) names.emplace_back(&entry->d_name[0]);
-    return ::closedir(stream);
+    const int reason = errno;  // 0 at the folder's end
+    ::closedir(stream);
+    errno = reason;
+    return reason == 0 ? 0 : -1;
 }
 
 }  // namespace

@@ -65,6 +65,18 @@ bool PosixFiles::Exists(const std::string& path) {
     return CanNameAFile(path) && calls_.stat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
 }
 
+std::optional<std::vector<std::string>> PosixFiles::FilesIn(const std::string& folder) {
+    struct stat facts {};
+    const auto isFolder = [&](const std::string& path) {
+        return calls_.stat(path.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode);
+    };
+    if (!CanNameAFile(folder) || !isFolder(folder)) return std::nullopt;
+    std::vector<std::string> names;
+    if (calls_.list(folder.c_str(), names) != 0) throw FileError(folder, errno);
+    std::erase_if(names, [&](const std::string& name) { return isFolder(folder + "/" + name); });
+    return names;
+}
+
 void PosixFiles::RequireReplaceable(const std::string& path) {
     RequireReplaceableTarget(calls_, ResolveTarget(calls_, path));
 }

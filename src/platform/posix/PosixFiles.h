@@ -2,9 +2,11 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "platform/IFiles.h"
 #include "platform/Pause.h"
@@ -27,6 +29,7 @@ class PosixFiles final : public IFiles {
         : calls_(calls), lockPatience_(lockPatience), pause_(std::move(pause)) {}
 
     bool Exists(const std::string& path) override;
+    std::optional<std::vector<std::string>> FilesIn(const std::string& folder) override;
     void RequireReplaceable(const std::string& path) override;
     std::string ReadAll(const std::string& path) override;
     std::optional<std::string> ReadIfThere(const std::string& path) override;

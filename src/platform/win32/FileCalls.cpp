@@ -11,7 +11,10 @@ BOOL List(const wchar_t* pattern, std::vector<std::wstring>& names) {
     do {
         names.emplace_back(&found.cFileName[0]);
     } while (FindNextFileW(search, &found) != 0);
-    return FindClose(search);
+    const DWORD reason = GetLastError();
+    FindClose(search);
+    SetLastError(reason);
+    return reason == ERROR_NO_MORE_FILES ? TRUE : FALSE;
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "platform/win32/FileTarget.h"
 #include "platform/win32/FinalPath.h"
 #include "platform/win32/ReplacementFile.h"
+#include "platform/win32/WideText.h"
 #include "platform/win32/Win32FileLock.h"
 
 namespace ventlock {
@@ -26,6 +27,15 @@ FileHandle Open(const FileCalls& calls, const std::string& path, DWORD access, D
     return file;
 }
 
+/// The path in the form that the system takes at any length; empty for one that no folder can have.
+std::wstring FolderPath(const FileCalls& calls, const std::string& path) {
+    try {
+        return LongForm(FullPath(calls, path));
+    } catch (const RunTimeError&) {
+        return {};
+    }
+}
+
 }  // namespace
 
 bool Win32Files::Exists(const std::string& path) {
@@ -37,6 +47,24 @@ bool Win32Files::Exists(const std::string& path) {
     } catch (const RunTimeError&) {
         return false;  // a path that no file can have
     }
+}
+
+std::optional<std::vector<std::string>> Win32Files::FilesIn(const std::string& folder) {
+    const NoSystemBoxes quiet;
+    const auto isFolder = [&](const std::wstring& path) {
+        const DWORD attributes = calls_.getFileAttributes(path.c_str());
+        return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    };
+    std::wstring path = FolderPath(calls_, folder);
+    if (path.empty() || !isFolder(path)) return std::nullopt;
+    if (!path.ends_with(L'\\')) path += L'\\';
+    std::vector<std::wstring> found;
+    if (calls_.list((path + L"*").c_str(), found) == 0) throw FileError(folder, GetLastError());
+    std::vector<std::string> names;
+    for (const std::wstring& name : found) {
+        if (!isFolder(path + name)) names.push_back(FromWideText(name));
+    }
+    return names;
 }
 
 void Win32Files::RequireReplaceable(const std::string& path) {

@@ -249,6 +249,9 @@ class ExhaustedFiles final : public IFiles {
     ExhaustedFiles(IFiles& below, std::string path) : below_(below), path_(std::move(path)) {}
 
     bool Exists(const std::string& path) override { return below_.Exists(path); }
+    std::optional<std::vector<std::string>> FilesIn(const std::string& folder) override {
+        return below_.FilesIn(folder);
+    }
     void RequireReplaceable(const std::string& path) override { below_.RequireReplaceable(path); }
     std::string ReadAll(const std::string& path) override {
         if (path == path_) throw std::bad_alloc();

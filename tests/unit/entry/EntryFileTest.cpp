@@ -162,6 +162,21 @@ TEST(EntryFile, AHalfCharacterOfUtf16IsNoText) {
               std::vector<Finding>{NotText(2)});
 }
 
+TEST(EntryFile, OfAnotherProgramIsToldByItsKeys) {
+    for (const char* const bytes : {"[.ShellClassInfo]\nIconFile=a.ico\n", "Colour=red\n",
+                                    "[Mfg1]\nID=000026\nName=Caf\xE9\n", "[A]\nMan\xE9ID=1\nold\n"}) {
+        EXPECT_FALSE(MayBeEntryFile(bytes)) << bytes;
+    }
+    using namespace std::string_literals;
+    for (const std::string& bytes :
+         {""s, "[A]\n"s, "; nothing yet\n"s, "no key\n"s, "ManID=26\n"s, "[A]\n\tmanid =26\nColour=red\n"s,
+          "[A]\nColour=red\nManDesc=Caf\xE9\n"s, "M\0a\0n\0I\0D\0=\0"s, "\xEF\xBB\xBFManID=26\n"s,
+          "\xFF\xFE"s + "M\0a\0n\0I\0D\0=\0"s, "\xFF\xFE"s + "a\0=\0b"s}) {
+        EXPECT_TRUE(MayBeEntryFile(bytes)) << bytes;
+    }
+    EXPECT_FALSE(MayBeEntryFile("\xFF\xFE"s + "a\0=\0b\0"s));
+}
+
 TEST(FileEntry, GivesDefaultsAndTheHeadersLineForKeysThatAreAbsent) {
     const EntryFile file = ParseEntryFile("\n[A]\nManID=26\n");
     ASSERT_EQ(file.entries.size(), 1U);

@@ -72,6 +72,9 @@ TEST(FakeRegistry, RefusedWritesStoreNothing) {
 struct CountingFiles final : IFiles {
     int reached = 0;
     bool Exists(const std::string&) override { return true; }
+    std::optional<std::vector<std::string>> FilesIn(const std::string&) override {
+        return ++reached, std::nullopt;
+    }
     void RequireReplaceable(const std::string&) override { ++reached; }
     std::string ReadAll(const std::string&) override { return ++reached, "bytes"; }
     void Replace(const std::string&, std::string_view) override { ++reached; }
@@ -101,13 +104,14 @@ TEST(FailingFiles, EveryOperationCanFail) {
         files.FailAt(operation, 1, RunTimeError(ErrorNumber::DeviceIoError));
         return NumberRaisedBy(call) == 57 && NumberRaisedBy(call) == 0;
     };
+    EXPECT_TRUE(fails(FileOperation::FilesIn, [&] { files.FilesIn("a"); }));
     EXPECT_TRUE(fails(FileOperation::RequireReplaceable, [&] { files.RequireReplaceable("a"); }));
     EXPECT_TRUE(fails(FileOperation::ReadAll, [&] { files.ReadAll("a"); }));
     EXPECT_TRUE(fails(FileOperation::Replace, [&] { files.Replace("a", ""); }));
     EXPECT_TRUE(fails(FileOperation::Copy, [&] { files.Copy("a", "b"); }));
     EXPECT_TRUE(fails(FileOperation::Append, [&] { files.Append("a", ""); }));
     EXPECT_TRUE(fails(FileOperation::Lock, [&] { files.Lock("a"); }));
-    EXPECT_EQ(below.reached, 6);
+    EXPECT_EQ(below.reached, 7);
 }
 
 TEST(FakeClock, StandsStill) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/Host.h"
 #include "platform/ProfileEdit.h"
@@ -56,6 +57,11 @@ TEST_F(OverlayFilesTest, KeepsEveryKindOfWriteAwayFromTheDisk) {
     EXPECT_EQ(below_.Calls(FileOperation::Replace), 0);
     EXPECT_EQ(below_.Calls(FileOperation::Append), 0);
     EXPECT_EQ(below_.Calls(FileOperation::Copy), 0);
+}
+
+TEST_F(OverlayFilesTest, ListsWhatTheFolderBelowHolds) {
+    EXPECT_EQ(files_.FilesIn(folder_.Path()), (std::vector<std::string>{"old.ini"}));
+    EXPECT_EQ(files_.FilesIn(old_), std::nullopt);
 }
 
 TEST_F(OverlayFilesTest, AppendsToWhatTheFileBelowHolds) {

@@ -49,6 +49,13 @@ TEST_F(RelativeFilesTest, ReadNothingWhereNothingIs) {
     EXPECT_EQ(NumberRaisedBy([&] { files_.ReadIfThere(" "); }), 75) << "as ReadAll";
 }
 
+TEST_F(RelativeFilesTest, ListWhatIsInTheFolder) {
+    std::filesystem::create_directory(folder_ / "below");
+    WriteBytes(folder_ / "below/a.ini", "");
+    EXPECT_THAT(files_.FilesIn("below").value(), testing::ElementsAre("a.ini"));
+    EXPECT_EQ(files_.FilesIn("above"), std::nullopt);
+}
+
 TEST_F(RelativeFilesTest, ReadNoMoreThanTheBeginning) {
     WriteBytes(folder_ / "a.ini", "in the folder");
     WriteBytes(folder_ / "empty.ini", "");

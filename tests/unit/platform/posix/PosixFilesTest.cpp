@@ -1,5 +1,6 @@
 #include "platform/posix/PosixFiles.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -61,6 +62,41 @@ TEST_F(FilesTest, ExistenceIsTrueOnlyForAnExistingRegularFile) {
           folder_ / std::string("a.ini\0x", 7), folder_ / std::string(300, 'x')}) {
         EXPECT_FALSE(files_.Exists(path)) << path;
     }
+}
+
+TEST_F(FilesTest, AFolderListsWhatItHoldsButFolders) {
+    const std::string odd = "caf\xE9 \xFF.ini";
+    WriteBytes(folder_ / odd, "");
+    WriteBytes(folder_ / ".hidden", "");
+    fs::create_directory(folder_ / "below");
+    fs::create_symlink("below", folder_ / "to-a-folder");
+    fs::create_symlink(odd, folder_ / "to-a-file");
+    fs::create_symlink("nowhere", folder_ / "to-nothing");
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    EXPECT_THAT(files_.FilesIn(folder_.Path()).value(),
+                testing::UnorderedElementsAre(odd, ".hidden", "to-a-file", "to-nothing", "pipe"));
+    EXPECT_THAT(files_.FilesIn(folder_ / "to-a-folder").value(), testing::IsEmpty());
+    EXPECT_THAT(files_.FilesIn(folder_ / "below/").value(), testing::IsEmpty());
+}
+
+TEST_F(FilesTest, WhatIsNoFolderListsNothing) {
+    WriteBytes(folder_ / "a.ini", "");
+    using namespace std::string_literals;
+    for (const std::string& path : {folder_ / "a.ini", folder_ / "a.ini/", folder_ / "none", ""s, " "s,
+                                    "C:\\Windows"s, folder_.Path() + "\0"s}) {
+        EXPECT_EQ(files_.FilesIn(path), std::nullopt) << path;
+    }
+}
+
+TEST_F(FilesTest, AFolderThatCannotBeReadRaisesTheSystemsReason) {
+    FileCalls calls = SystemFileCalls();
+    calls.list = [](const char*, std::vector<std::string>& names) {
+        names.emplace_back("a.ini");
+        errno = EIO;
+        return -1;
+    };
+    PosixFiles failing(kLockPatience, calls);
+    EXPECT_EQ(NumberRaisedBy([&] { failing.FilesIn(folder_.Path()); }), 57);
 }
 
 TEST_F(FilesTest, AFileThatIsLongerThanTheSystemSaysIsReadWhole) {

@@ -1,5 +1,6 @@
 #include "platform/win32/Win32Files.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -67,6 +68,38 @@ TEST_F(Win32FilesTest, ExistenceIsTrueOnlyForAnExistingRegularFile) {
           folder_ / std::string("a.ini\0x", 7), folder_ / std::string(300, 'x')}) {
         EXPECT_FALSE(files_.Exists(path)) << path;
     }
+}
+
+TEST_F(Win32FilesTest, AFolderListsWhatItHoldsButFolders) {
+    const std::string odd = "\u03A9 \xED\xA0\x80.ini";  // half of a character stands in it
+    WriteBytes(folder_ / "a.ini", "");
+    files_.Replace(folder_ / odd, "");
+    fs::create_directory(folder_ / "below");
+    for (const std::string& path : {folder_.Path(), folder_.Path() + "/", folder_ / "below\\.."}) {
+        EXPECT_THAT(files_.FilesIn(path).value(), testing::UnorderedElementsAre("a.ini", odd)) << path;
+    }
+    EXPECT_THAT(files_.FilesIn(folder_ / "below").value(), testing::IsEmpty());
+    EXPECT_THAT(files_.FilesIn("C:\\").value_or(std::vector<std::string>{"no folder"}),
+                testing::Not(testing::Contains("no folder")));
+}
+
+TEST_F(Win32FilesTest, WhatIsNoFolderListsNothing) {
+    WriteBytes(folder_ / "a.ini", "");
+    for (const std::string& path :
+         {std::string(), std::string(" "), folder_ / "a.ini", folder_ / "none", folder_ / "*",
+          std::string("NUL"), MissingDrive() + "\\", folder_.Path() + std::string("\0x", 2)}) {
+        EXPECT_EQ(files_.FilesIn(path), std::nullopt) << path;
+    }
+}
+
+TEST_F(Win32FilesTest, AFolderThatCannotBeReadRaisesTheSystemsReason) {
+    FileCalls calls = SystemFileCalls();
+    calls.list = [](const wchar_t*, std::vector<std::wstring>&) -> BOOL {
+        SetLastError(ERROR_ACCESS_DENIED);
+        return FALSE;
+    };
+    Win32Files failing(kLockPatience, calls);
+    EXPECT_EQ(NumberRaisedBy([&] { failing.FilesIn(folder_.Path()); }), 75);
 }
 
 TEST_F(Win32FilesTest, EveryByteIsReadAndWrittenAsItIs) {
