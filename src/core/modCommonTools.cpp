@@ -1,6 +1,8 @@
 #include "core/modCommonTools.h"
 
+#include <array>
 #include <cmath>
+#include <cstdio>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -88,6 +90,12 @@ double HexToNumber(std::string_view text) {
         value = value * 16 + digit;
     }
     return value;
+}
+
+std::string HexText(double number) {
+    std::array<char, 20> text{};
+    std::snprintf(text.data(), text.size(), "%02llX", static_cast<unsigned long long>(number));
+    return text.data();
 }
 
 std::string StripNull(std::string_view buffer) {

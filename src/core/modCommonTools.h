@@ -40,6 +40,9 @@ void CenterForm(IBounds& form, const IBounds& parent);
 /// hexadecimal digit counts as -1 at its place, and nothing is ever refused: callers check their input first.
 double HexToNumber(std::string_view text);
 
+/// A whole number of 0 or more as a hexadecimal text of at least two digits, as ids are typed: 10 gives "0A".
+std::string HexText(double number);
+
 /// What stands before the first NUL; "" when there is none, for a platform buffer always holds one.
 std::string StripNull(std::string_view buffer);
 

@@ -5,7 +5,7 @@
 namespace ventlock {
 
 void DryRunConnection::Execute(std::string_view statement) {
-    if (!IsInsert(statement)) return;
+    if (!showsNewRows_ || !IsInsert(statement)) return;
     std::optional<NewRow> row = RowOf(statement);
     if (!row) return;  // the real run's database will refuse it
     newRows_[row->table].push_back(*row);

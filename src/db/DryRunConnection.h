@@ -16,7 +16,9 @@ namespace ventlock {
 /// key that is taken, a text that is too long) do not show.
 class DryRunConnection final : public IConnection {
  public:
-    explicit DryRunConnection(std::unique_ptr<IConnection> inner) : inner_(std::move(inner)) {}
+    /// @param showsNewRows  False: new rows are forgotten, every snapshot is of what the database holds
+    explicit DryRunConnection(std::unique_ptr<IConnection> inner, bool showsNewRows = true)
+        : inner_(std::move(inner)), showsNewRows_(showsNewRows) {}
 
     std::unique_ptr<Recordset> OpenRecordset(std::string_view source, RecordsetType type) override;
     void Execute(std::string_view statement) override;
@@ -27,6 +29,7 @@ class DryRunConnection final : public IConnection {
 
  private:
     std::unique_ptr<IConnection> inner_;
+    bool showsNewRows_;
     std::map<std::string, std::vector<NewRow>> newRows_;  ///< by table
 };
 

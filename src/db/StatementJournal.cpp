@@ -85,8 +85,10 @@ class JournalWorkspace final : public IWorkspace {
         try {
             std::unique_ptr<IConnection> connection =
                 inner_->OpenConnection(name, options, readOnly, connect);
-            if (mode_ == StatementMode::DryRun)
-                connection = std::make_unique<DryRunConnection>(std::move(connection));
+            if (mode_ != StatementMode::Run) {
+                const bool showsNewRows = mode_ == StatementMode::DryRun;
+                connection = std::make_unique<DryRunConnection>(std::move(connection), showsNewRows);
+            }
             return std::make_unique<JournalConnection>(std::move(connection), journal_);
         } catch (const RunTimeError& error) {
             journal_.CallFailed(error.Diagnostics());

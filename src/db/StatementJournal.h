@@ -42,6 +42,7 @@ class StatementJournal {
 enum class StatementMode {
     Run,     ///< statements run
     DryRun,  ///< reads run, changes are only kept in memory, see DryRunConnection
+    Note,    ///< reads run, changes are noted in the journal and nothing more
 };
 
 /// The engines of `createEngine` with every connection's calls written into `journal`, which must outlive

@@ -110,15 +110,13 @@ std::int16_t clsDevice::TAVDevTypeID() {
 }
 
 std::int16_t clsDevice::SearchType(StepLabel& step) {
-    const double type = HexToNumber(DevID);
+    const RowKey key = TypeKey();
     RunningMaximum largest;
     step = "01";
-    const auto rows = OpenSearch(
-        oAppObjects_, Fill(statements::kSearchedTable, {tables::kDeviceTypes}),
-        {{{"DeviceType", type}, {"MfrProtocolID", static_cast<double>(ManProtID)}}, {"TAVDevTypeID"}});
+    const auto rows = OpenSearch(oAppObjects_, Fill(statements::kSearchedTable, {key.table}),
+                                 {key.parts, {"TAVDevTypeID"}});
     for (; !rows->AtEnd(); rows->MoveNext()) {
-        if (SameNumber(rows->Column("DeviceType").Value(), type) &&
-            SameNumber(rows->Column("MfrProtocolID").Value(), ManProtID)) {
+        if (Carries(*rows, key)) {
             step = "01.1";
             const std::int16_t number = rows->Column("TAVDevTypeID").Integer();
             typeFound_ = true;
@@ -145,16 +143,13 @@ std::int16_t clsDevice::TAVDevRevID() {
 }
 
 std::int16_t clsDevice::SearchRevision(StepLabel& step) {
-    const double revision = HexToNumber(DevRev);
+    const RowKey key = RevisionKey();
     RunningMaximum largest;
     step = "01";
     const auto rows =
-        OpenSearch(oAppObjects_, Fill(statements::kSearchedTable, {tables::kDeviceRevisions}),
-                   {{{"TAVDevTypeID", static_cast<double>(*devTypeID_)}, {"DeviceRevision", revision}},
-                    {"TAVDevRevID"}});
+        OpenSearch(oAppObjects_, Fill(statements::kSearchedTable, {key.table}), {key.parts, {"TAVDevRevID"}});
     for (; !rows->AtEnd(); rows->MoveNext()) {
-        if (SameNumber(rows->Column("TAVDevTypeID").Value(), *devTypeID_) &&
-            SameNumber(rows->Column("DeviceRevision").Value(), revision)) {
+        if (Carries(*rows, key)) {
             step = "01.1";
             const std::int16_t number = rows->Column("TAVDevRevID").Integer();
             revisionFound_ = true;
@@ -167,6 +162,17 @@ std::int16_t clsDevice::SearchRevision(StepLabel& step) {
     step = "02";
     revisionFound_ = false;
     return largest.Next();
+}
+
+RowKey clsDevice::TypeKey() const {
+    return {tables::kDeviceTypes,
+            {{"DeviceType", HexToNumber(DevID)}, {"MfrProtocolID", static_cast<double>(ManProtID)}}};
+}
+
+RowKey clsDevice::RevisionKey() const {
+    return {tables::kDeviceRevisions,
+            {{"TAVDevTypeID", static_cast<double>(devTypeID_.value_or(0))},
+             {"DeviceRevision", HexToNumber(DevRev)}}};
 }
 
 bool clsDevice::Delete() {

@@ -7,6 +7,7 @@
 
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
+#include "db/RowKey.h"
 #include "platform/IEvents.h"
 
 namespace ventlock {
@@ -32,6 +33,11 @@ class clsDevice {
     /// search runs the type's first. 0 after a logged error; nothing is kept then.
     std::int16_t TAVDevTypeID();
     std::int16_t TAVDevRevID();
+
+    /// What the rows of this device type and of its revision carry in the current schema; the revision's
+    /// once the type's number is known.
+    [[nodiscard]] RowKey TypeKey() const;
+    [[nodiscard]] RowKey RevisionKey() const;
 
     /// Deletes: code 5 the rows numbered 1, code 4 the rows of the previous ids. True unless an error was
     /// logged.

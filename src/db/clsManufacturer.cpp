@@ -80,18 +80,18 @@ std::int16_t clsManufacturer::MfrProtocolID() {
 }
 
 std::int16_t clsManufacturer::SearchNumber(StepLabel& step) {
-    const double manufacturer = HexToNumber(ManID);
-    const double protocol = NumericValue(ProtID);
+    const RowKey key = MfrProtocolKey();
+    const RowSearch::Part& manufacturer = key.parts.front();
     MfrNameFound = 0;
     RunningMaximum largestName;
     RunningMaximum largestProtocol;
     step = "01";
-    const auto rows = OpenSearch(oAppObjects_, Fill(statements::kSearchedTable, {tables::kMfrProtocols}),
-                                 {{{"MfrId", manufacturer}}, {"TAVMfrNameID", "MfrProtocolID"}});
+    const auto rows = OpenSearch(oAppObjects_, Fill(statements::kSearchedTable, {key.table}),
+                                 {{manufacturer}, {"TAVMfrNameID", "MfrProtocolID"}});
     step = "01.1";
     for (; !rows->AtEnd(); rows->MoveNext()) {
-        const bool sameManufacturer = SameNumber(rows->Column("MfrId").Value(), manufacturer);
-        if (sameManufacturer && SameNumber(rows->Column("ProtocolId").Value(), protocol)) {
+        const bool sameManufacturer = Carries(*rows, manufacturer);
+        if (sameManufacturer && Carries(*rows, key.parts.back())) {
             step = "01.1a";
             const std::int16_t number = rows->Column("MfrProtocolID").Integer();
             TAVMfrNameID = rows->Column("TAVMfrNameID").Integer();
@@ -114,6 +114,10 @@ std::int16_t clsManufacturer::SearchNumber(StepLabel& step) {
     const std::int16_t number = largestProtocol.Next();
     if (MfrNameFound == 0) TAVMfrNameID = largestName.Next();
     return number;
+}
+
+RowKey clsManufacturer::MfrProtocolKey() const {
+    return {tables::kMfrProtocols, {{"MfrId", HexToNumber(ManID)}, {"ProtocolId", NumericValue(ProtID)}}};
 }
 
 bool clsManufacturer::Delete() {

@@ -6,6 +6,7 @@
 
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
+#include "db/RowKey.h"
 #include "platform/IEvents.h"
 
 namespace ventlock {
@@ -32,6 +33,9 @@ class clsManufacturer {
 
     /// True once MfrProtocolID has found or assigned its number.
     [[nodiscard]] bool HasMfrProtocolID() const noexcept { return mfrProtocolID_.has_value(); }
+
+    /// What the row of this manufacturer and protocol carries in the current schema.
+    [[nodiscard]] RowKey MfrProtocolKey() const;
 
     /// Deletes: code 5 the rows numbered 1, code 4 the row of `OManID`. True unless an error was logged.
     bool Delete();

@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 
+#include "base/RunTimeError.h"
 #include "base/Utf.h"
 #include "platform/Casing.h"
 #include "platform/ProfileLines.h"
@@ -153,6 +154,30 @@ EntryFile ParseEntryFile(std::string_view bytes) {
         {badLine, Severity::Error, "not-text",
          "the file is no text in UTF-8 from here on; save it as UTF-8, or as UTF-16 with a mark"});
     return file;
+}
+
+std::string EntryText(const FileEntry& entry) {
+    using namespace std::string_view_literals;
+    const auto refuse = [](const std::string& text) -> std::string {
+        throw RunTimeError(ErrorNumber::PathFileAccessError,
+                           "\"" + text + "\" cannot stand in an entry file");
+    };
+    const auto line = [&](const std::string& text) {
+        const bool isLine = IsUtf8(text) && text.find_first_of("\r\n\0"sv) == std::string::npos;
+        return isLine ? text + "\n" : refuse(text);
+    };
+    const std::string header = "[" + entry.name + "]";
+    if (TrimBlanks(HeaderName(header).value_or("")) != entry.name) refuse(entry.name);
+    std::string text = line(header);
+    for (const EntryKey& key : kKeys) {
+        const auto found = entry.values.find(key.name);
+        if (found == entry.values.end()) continue;
+        const std::string& value = found->second.text;
+        // Blanks and quotes around it would be taken away.
+        const std::string quotes = ProfileValue(value) == value ? "" : "\"";
+        text += line(std::string(key.name).append("=").append(quotes).append(value).append(quotes));
+    }
+    return text;
 }
 
 bool MayBeEntryFile(std::string_view bytes) {

@@ -60,6 +60,11 @@ struct EntryFile {
 /// an entry. Everything that is wrong with its form is found at once; keys and sections ignore case.
 EntryFile ParseEntryFile(std::string_view bytes);
 
+/// The entry as the text of an entry file, which ParseEntryFile reads back with the same texts: its keys in
+/// the order of EntryKeys, LF behind each line.
+/// @throws RunTimeError 75 for a text that is no UTF-8 or cannot stand in one line, or in a header.
+std::string EntryText(const FileEntry& entry);
+
 /// False for a profile file that another program has: it holds keys, in any encoding, and none of them is one
 /// of an entry. For files that nobody has named; True for whatever may be an entry file with errors.
 bool MayBeEntryFile(std::string_view bytes);

@@ -2,10 +2,15 @@
 
 #include "base/Numbers.h"
 #include "base/Utf.h"
+#include "files/DDInstallNames.h"
 #include "files/EntryNames.h"
+#include "files/ProfileComparison.h"
 #include "platform/Casing.h"
 
 namespace ventlock {
+
+using namespace ddinstall;
+
 namespace {
 
 // Widths of the reading buffers, one more than the characters that can be read, and of what is compared. A
@@ -19,15 +24,27 @@ constexpr std::size_t kManufacturerWidth = 6;
 constexpr std::size_t kDeviceTypeWidth = 4;
 constexpr std::size_t kRevisionWidth = 2;
 
-std::string ManufacturerSection(std::int16_t manufacturer) {
-    return "Mfg" + std::to_string(manufacturer);
-}
-
 /// Compares the first `width` characters of a stored text.
 bool SameStart(std::string_view stored, std::size_t width, std::string_view wanted) {
     std::size_t end = 0;
     for (std::size_t i = 0; i < width && end < stored.size(); ++i) NextCharacter(stored, end);
     return EqualIgnoringCase(stored.substr(0, end), wanted);
+}
+
+/// A section that is not there once.
+void TellCount(const std::string& place, const std::string& item, std::size_t count,
+               std::vector<Difference>& differences) {
+    if (count == 0) differences.push_back({Difference::Kind::Missing, place, {}, item, {}});
+    if (count > 1)
+        differences.push_back({Difference::Kind::Repeated, place, item, "1", std::to_string(count)});
+}
+
+void CompareSection(const ProfileFile& file, const std::string& section,
+                    const std::vector<std::pair<std::string_view, std::string>>& values,
+                    std::vector<Difference>& differences) {
+    std::vector<ProfileKey> keys;
+    for (const auto& [name, value] : values) keys.push_back({section, std::string(name), value});
+    for (Difference& difference : CompareKeys(file, keys)) differences.push_back(std::move(difference));
 }
 
 }  // namespace
@@ -91,36 +108,41 @@ void clsDDInstall::RequireWritableEntry(const ProfileFile& file) const {
 }
 
 std::string clsDDInstall::DeviceSection(std::int16_t device) const {
-    return PaddedManufacturer(oDevice_->ManID) + "." + std::to_string(device);
+    return ddinstall::DeviceSection(PaddedManufacturer(oDevice_->ManID), device);
+}
+
+/// What every write sets; id and number of devices are a new manufacturer's.
+clsDDInstall::KeyValues clsDDInstall::ManufacturerKeys() const {
+    return {{kManufacturerName, oManufacturer_->Name}};
 }
 
 clsDDInstall::KeyValues clsDDInstall::DeviceKeys() const {
     const std::string revision = PaddedRevision(oDevice_->DevRev);
-    const std::string files = "1," + revision + PaddedRevision(oDevice_->DDRev);
+    const std::string files = std::string(kFileBegin) + revision + PaddedRevision(oDevice_->DDRev);
     return {
-        {"DevType", PaddedDeviceType(oDevice_->DevID)},
-        {"DevTypeDesc", oDevice_->DevName},
+        {kType, PaddedDeviceType(oDevice_->DevID)},
+        {kTypeName, oDevice_->DevName},
         {"DevTypeRevDesc", "Rev " + DecimalOfHex(oDevice_->DevRev)},
-        {"DevTypeRev", revision},
-        {"DDRevDesc", "DD Rev " + DecimalOfHex(oDevice_->DDRev)},
+        {kRevision, revision},
+        {kDDRevision, std::string(kDDRevisionBegin) + DecimalOfHex(oDevice_->DDRev)},
         {"PYX", files + ".pyx"},
         {"SYM", files + ".sym"},
         {"MAP", files + ".map"},
-        {"DeviceHelp", DeviceHelp},
-        {"BlockHelp", BlockHelp},
+        {kDeviceHelp, DeviceHelp},
+        {kBlockHelp, BlockHelp},
         {"OtherHelp", ""},
-        {"DeviceDLL", "1," + DeviceDLL},
+        {kDll, std::string(kFileBegin) + DeviceDLL},
         {"OtherDLL", ""},
-        {"Template", "1," + Template},
-        {"HART Protocol Rev", DecimalOfHex(oDevice_->ProtRev)},
-        {"TAVVersionSupport", TAVVersionSupport},
+        {kTemplate, std::string(kFileBegin) + Template},
+        {kProtocolRevision, DecimalOfHex(oDevice_->ProtRev)},
+        {kVersions, TAVVersionSupport},
     };
 }
 
 bool clsDDInstall::WriteHeader(ProfileFile& file) {
     return Guarded(oAppObjects_, "DDwddih", false, [&](StepLabel&) {
         WriteKey(file, "Version", "DD Version", std::to_string(DDVersion));
-        WriteKey(file, "General", "NumOfMfg", "0");
+        WriteKey(file, kGeneral, kManufacturers, "0");
         return true;
     });
 }
@@ -128,14 +150,14 @@ bool clsDDInstall::WriteHeader(ProfileFile& file) {
 bool clsDDInstall::WriteManufacturer(ProfileFile& file, std::int16_t manufacturer, bool isNew) {
     return Guarded(oAppObjects_, "DDwddim", false, [&](StepLabel& step) {
         step = "01";
-        if (isNew) RaiseCount(file, "General", "NumOfMfg");
+        if (isNew) RaiseCount(file, kGeneral, kManufacturers);
         step = "02";
         const std::string section = ManufacturerSection(manufacturer);
         if (isNew) {
-            WriteKey(file, section, "ID", PaddedManufacturer(oManufacturer_->ManID));
-            WriteKey(file, section, "NumOfDev", "0");
+            WriteKey(file, section, kManufacturerId, PaddedManufacturer(oManufacturer_->ManID));
+            WriteKey(file, section, kDevices, "0");
         }
-        WriteKey(file, section, "Name", oManufacturer_->Name);
+        for (const auto& [key, value] : ManufacturerKeys()) WriteKey(file, section, key, value);
         return true;
     });
 }
@@ -144,7 +166,7 @@ bool clsDDInstall::WriteDevice(ProfileFile& file, std::int16_t device, bool isNe
                                std::int16_t manufacturer) {
     return Guarded(oAppObjects_, "DDwddis", false, [&](StepLabel& step) {
         step = "01";
-        if (isNew) RaiseCount(file, ManufacturerSection(manufacturer), "NumOfDev");
+        if (isNew) RaiseCount(file, ManufacturerSection(manufacturer), kDevices);
         step = "02";
         for (const auto& [key, value] : DeviceKeys()) WriteKey(file, DeviceSection(device), key, value);
         return true;
@@ -154,12 +176,11 @@ bool clsDDInstall::WriteDevice(ProfileFile& file, std::int16_t device, bool isNe
 std::int16_t clsDDInstall::CheckManufacturer(const ProfileFile& file, bool& isNew) {
     return Guarded(oAppObjects_, "DDcm", std::int16_t{-1}, [&](StepLabel& step) {
         step = "01";
-        const std::int16_t count = ReadCount(file, "General", "NumOfMfg");
+        const std::int16_t count = ReadCount(file, kGeneral, kManufacturers);
         step = "03";
         const std::string wanted = PaddedManufacturer(oManufacturer_->ManID);
         for (std::int16_t i = 1; i <= count; ++i) {
-            const std::string id = ReadKey(file, ManufacturerSection(i), "ID", "000000", kManufacturerBuffer);
-            if (SameStart(id, kManufacturerWidth, wanted)) return i;
+            if (HoldsManufacturer(file, i, wanted)) return i;
         }
         step = "04";
         isNew = true;
@@ -170,21 +191,66 @@ std::int16_t clsDDInstall::CheckManufacturer(const ProfileFile& file, bool& isNe
 std::int16_t clsDDInstall::CheckDevice(const ProfileFile& file, std::int16_t manufacturer, bool& isNew) {
     return Guarded(oAppObjects_, "DDcd", std::int16_t{-1}, [&](StepLabel& step) {
         step = "01";
-        const std::int16_t count = ReadCount(file, ManufacturerSection(manufacturer), "NumOfDev");
+        const std::int16_t count = ReadCount(file, ManufacturerSection(manufacturer), kDevices);
         step = "03";
         const std::string wantedType = PaddedDeviceType(oDevice_->DevID);
         const std::string wantedRevision = PaddedRevision(oDevice_->DevRev);
         for (std::int16_t k = 1; k <= count; ++k) {
-            const std::string section = DeviceSection(k);
-            const std::string type = ReadKey(file, section, "DevType", "0000", kDeviceTypeBuffer);
-            if (!SameStart(type, kDeviceTypeWidth, wantedType)) continue;
-            const std::string revision = ReadKey(file, section, "DevTypeRev", "00", kRevisionBuffer);
-            if (SameStart(revision, kRevisionWidth, wantedRevision)) return k;
+            if (HoldsDevice(file, k, wantedType, wantedRevision)) return k;
         }
         step = "04";
         isNew = true;
         return ToInteger(count + 1.0);
     });
+}
+
+bool clsDDInstall::HoldsManufacturer(const ProfileFile& file, std::int16_t manufacturer,
+                                     std::string_view id) {
+    const std::string found =
+        ReadKey(file, ManufacturerSection(manufacturer), kManufacturerId, "000000", kManufacturerBuffer);
+    return SameStart(found, kManufacturerWidth, id);
+}
+
+bool clsDDInstall::HoldsDevice(const ProfileFile& file, std::int16_t device, std::string_view type,
+                               std::string_view revision) {
+    const std::string section = DeviceSection(device);
+    const std::string foundType = ReadKey(file, section, kType, "0000", kDeviceTypeBuffer);
+    if (!SameStart(foundType, kDeviceTypeWidth, type)) return false;
+    const std::string foundRevision = ReadKey(file, section, kRevision, "00", kRevisionBuffer);
+    return SameStart(foundRevision, kRevisionWidth, revision);
+}
+
+std::vector<Difference> clsDDInstall::Compare(const ProfileFile& file, clsManufacturer& oManufacturer,
+                                              clsDevice& oDevice) {
+    oManufacturer_ = &oManufacturer;
+    oDevice_ = &oDevice;
+    const std::string id = PaddedManufacturer(oManufacturer.ManID);
+    std::vector<std::int16_t> found;
+    const std::int16_t count = ReadCount(file, kGeneral, kManufacturers);
+    for (std::int16_t i = 1; i <= count; ++i) {
+        if (HoldsManufacturer(file, i, id)) found.push_back(i);
+    }
+    std::vector<Difference> differences;
+    TellCount("[Mfg*]", "ID=" + id, found.size(), differences);
+    if (!found.empty()) CompareSection(file, ManufacturerSection(found[0]), ManufacturerKeys(), differences);
+    CompareDevices(file, found.empty() ? 0 : found[0], differences);
+    return differences;
+}
+
+/// @param manufacturer  0: there is none, and no device of it
+void clsDDInstall::CompareDevices(const ProfileFile& file, std::int16_t manufacturer,
+                                  std::vector<Difference>& differences) {
+    const std::string type = PaddedDeviceType(oDevice_->DevID);
+    const std::string revision = PaddedRevision(oDevice_->DevRev);
+    std::vector<std::int16_t> found;
+    const std::int16_t count =
+        manufacturer == 0 ? std::int16_t{0} : ReadCount(file, ManufacturerSection(manufacturer), kDevices);
+    for (std::int16_t k = 1; k <= count; ++k) {
+        if (HoldsDevice(file, k, type, revision)) found.push_back(k);
+    }
+    const std::string place = "[" + PaddedManufacturer(oDevice_->ManID) + ".*]";
+    TellCount(place, "DevType=" + type + ", DevTypeRev=" + revision, found.size(), differences);
+    if (!found.empty()) CompareSection(file, DeviceSection(found[0]), DeviceKeys(), differences);
 }
 
 bool clsDDInstall::WriteBack(ProfileFile& file) {

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/DeviceTexts.h"
+#include "base/Difference.h"
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
 #include "db/clsDevice.h"
@@ -34,6 +36,15 @@ class clsDDInstall {
     /// reference.
     bool WriteDDInstall(clsManufacturer& oManufacturer, clsDevice& oDevice);
 
+    /// In what the file differs from what WriteDDInstall would leave in it: the manufacturer and the device
+    /// are found as there. Changes nothing. Keeps both records by reference.
+    std::vector<Difference> Compare(const ProfileFile& file, clsManufacturer& oManufacturer,
+                                    clsDevice& oDevice);
+
+    /// Every device that the file holds, as far as its numbers of manufacturers and devices reach, in its
+    /// order. A key that is missing, or a number that is none, is left out.
+    std::vector<DeviceTexts> Devices(const ProfileFile& file);
+
     std::string IniPath;     ///< path of the file, as typed
     std::string DeviceDLL;   ///< file name of the resource DLL
     std::string Template;    ///< file name of the template
@@ -54,6 +65,7 @@ class clsDDInstall {
 
     [[nodiscard]] ProfileEdit BeginEdit(StepLabel& step) const;
     void RequireWritableEntry(const ProfileFile& file) const;
+    [[nodiscard]] KeyValues ManufacturerKeys() const;
     [[nodiscard]] KeyValues DeviceKeys() const;
     [[nodiscard]] std::string DeviceSection(std::int16_t device) const;
     bool WriteHeader(ProfileFile& file);
@@ -61,6 +73,11 @@ class clsDDInstall {
     bool WriteDevice(ProfileFile& file, std::int16_t device, bool isNew, std::int16_t manufacturer);
     std::int16_t CheckManufacturer(const ProfileFile& file, bool& isNew);
     std::int16_t CheckDevice(const ProfileFile& file, std::int16_t manufacturer, bool& isNew);
+    bool HoldsManufacturer(const ProfileFile& file, std::int16_t manufacturer, std::string_view id);
+    bool HoldsDevice(const ProfileFile& file, std::int16_t device, std::string_view type,
+                     std::string_view revision);
+    void CompareDevices(const ProfileFile& file, std::int16_t manufacturer,
+                        std::vector<Difference>& differences);
     bool WriteBack(ProfileFile& file);
     std::int16_t ReadCount(const ProfileFile& file, std::string_view section, std::string_view key);
     void RaiseCount(ProfileFile& file, std::string_view section, std::string_view key);

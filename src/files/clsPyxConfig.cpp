@@ -15,22 +15,35 @@ bool clsPyxConfig::Insert(clsManufacturer& oManufacturer, clsDevice& oDevice) {
         profiles_.Files().RequireReplaceable(IniPath);
         ProfileEdit edit(profiles_, IniPath);
         ProfileFile& file = edit.File();
-        const std::string key = DeviceKey(oManufacturer.ManID, oDevice.DevID, oDevice.DevRev);
-        file.Write("Devices", key, DeviceDirectory(oManufacturer.ManID, oDevice.DevID));
-
-        step = "02";
-        const std::string prefix = ResourcePrefix(oManufacturer.ManID, oDevice.DevID);
-        file.Write(key, "DeviceHelp", prefix + DeviceHelp);
-        file.Write(key, "BlockHelp_001", prefix + BlockHelp);
-        file.Write(key, "DeviceDLL", prefix + DeviceDLL);
-        file.Write(key, "Description", oDevice.DevName);
-        file.Write(key, "HART Protocol Rev", DecimalOfHex(oDevice.ProtRev));
+        for (const ProfileKey& key : Keys(oManufacturer, oDevice)) {
+            file.Write(key.section, key.name, key.value);
+            step = "02";  // the first key is the device's line, its section follows
+        }
 
         WriteBack(edit);  // its failure leaves the keys in place, untidied
         step = "01";
         edit.Save();
         return true;
     });
+}
+
+std::vector<ProfileKey> clsPyxConfig::Keys(const clsManufacturer& oManufacturer,
+                                           const clsDevice& oDevice) const {
+    const std::string key = DeviceKey(oManufacturer.ManID, oDevice.DevID, oDevice.DevRev);
+    const std::string prefix = ResourcePrefix(oManufacturer.ManID, oDevice.DevID);
+    return {
+        {"Devices", key, DeviceDirectory(oManufacturer.ManID, oDevice.DevID)},
+        {key, "DeviceHelp", prefix + DeviceHelp},
+        {key, "BlockHelp_001", prefix + BlockHelp},
+        {key, "DeviceDLL", prefix + DeviceDLL},
+        {key, "Description", oDevice.DevName},
+        {key, "HART Protocol Rev", DecimalOfHex(oDevice.ProtRev)},
+    };
+}
+
+std::vector<Difference> clsPyxConfig::Compare(const ProfileFile& file, const clsManufacturer& oManufacturer,
+                                              const clsDevice& oDevice) const {
+    return CompareKeys(file, Keys(oManufacturer, oDevice));
 }
 
 bool clsPyxConfig::WriteBack(ProfileEdit& edit) {

@@ -3,11 +3,14 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "base/Difference.h"
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
 #include "db/clsDevice.h"
 #include "db/clsManufacturer.h"
+#include "files/ProfileComparison.h"
 #include "platform/ProfileEdit.h"
 
 namespace ventlock {
@@ -27,12 +30,19 @@ class clsPyxConfig {
     /// read or stored or when a text cannot stand in it; the reason is logged.
     bool Insert(clsManufacturer& oManufacturer, clsDevice& oDevice);
 
+    /// In what the file differs from what Insert would leave in it. Changes nothing.
+    [[nodiscard]] std::vector<Difference> Compare(const ProfileFile& file,
+                                                  const clsManufacturer& oManufacturer,
+                                                  const clsDevice& oDevice) const;
+
     std::string IniPath;     ///< path of the file, as typed
     std::string DeviceDLL;   ///< file name of the resource DLL
     std::string DeviceHelp;  ///< file names of the help files, may be empty
     std::string BlockHelp;
 
  private:
+    [[nodiscard]] std::vector<ProfileKey> Keys(const clsManufacturer& oManufacturer,
+                                               const clsDevice& oDevice) const;
     bool WriteBack(ProfileEdit& edit);
 
     const ProfileStore& profiles_;

@@ -256,6 +256,14 @@ INSTANTIATE_TEST_SUITE_P(
                     Hex{"ManyLeadingZeros", std::string(400, '0') + "1F", 31}),
     RowName());
 
+TEST(HexText, HasAtLeastTwoDigits) {
+    EXPECT_EQ(HexText(0), "00");
+    EXPECT_EQ(HexText(10), "0A");
+    EXPECT_EQ(HexText(255), "FF");
+    EXPECT_EQ(HexText(256), "100");
+    EXPECT_EQ(HexText(4503599627370495.0), "FFFFFFFFFFFFF");
+}
+
 TEST(HexToNumber, OfMoreDigitsThanANumberHoldsIsInfiniteAndRaisesNothing) {
     EXPECT_TRUE(std::isinf(HexToNumber(std::string(400, 'F'))));
     EXPECT_FALSE(std::isnan(HexToNumber(std::string(400, 'F') + "G0")));

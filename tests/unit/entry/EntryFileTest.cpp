@@ -4,6 +4,7 @@
 
 #include <ostream>
 
+#include "support/Raised.h"
 #include "support/RowName.h"
 
 namespace ventlock {
@@ -187,6 +188,40 @@ TEST(FileEntry, GivesDefaultsAndTheHeadersLineForKeysThatAreAbsent) {
     EXPECT_EQ(entry.Line("DevID"), 2);
     EXPECT_FALSE(entry.Has("DevID"));
     EXPECT_EQ(entry.Text("Colour"), "");
+}
+
+TEST(EntryText, IsReadBackAsItWas) {
+    FileEntry entry{"Caf\xC3\xA9 1", 1, {}};
+    for (const EntryKey& key : EntryKeys()) entry.values[std::string(key.name)] = {"x", 0};
+    entry.values["ManName"].text = "";
+    entry.values["ManDesc"].text = " blanks\t";
+    entry.values["DevName"].text = "\"quoted\"";
+    entry.values["DevDesc"].text = "'";
+    entry.values["DevRevName"].text = "''";
+    entry.values["DevRevDesc"].text = "\" [a]; b = c";
+    entry.values["DLLName"].text = "; no comment";
+    const EntryFile file = ParseEntryFile(EntryText(entry));
+    EXPECT_EQ(file.findings, std::vector<Finding>());
+    ASSERT_EQ(file.entries.size(), 1U);
+    EXPECT_EQ(file.entries[0].name, entry.name);
+    for (const EntryKey& key : EntryKeys()) {
+        EXPECT_EQ(file.entries[0].Text(key.name), entry.Text(key.name)) << key.name;
+    }
+}
+
+TEST(EntryText, HasNoKeyThatTheEntryHasNot) {
+    EXPECT_EQ(EntryText({"A", 1, {{"DevID", {"0A", 0}}, {"ManID", {"26", 0}}}}), "[A]\nManID=26\nDevID=0A\n");
+}
+
+TEST(EntryText, RefusesWhatNoLineHolds) {
+    using namespace std::string_literals;
+    for (const std::string& text : {"a\nb"s, "a\r"s, "\0"s, "\xFF"s, "\xED\xA0\x80"s}) {
+        EXPECT_EQ(NumberRaisedBy([&] { EntryText({"A", 1, {{"ManID", {text, 0}}}}); }), 75) << text;
+        EXPECT_EQ(NumberRaisedBy([&] { EntryText({text, 1, {}}); }), 75) << text;
+    }
+    for (const char* const name : {"a]b", " a", "a "}) {
+        EXPECT_EQ(NumberRaisedBy([&] { EntryText({name, 1, {}}); }), 75) << name;
+    }
 }
 
 TEST(EntryKeys, HaveTheDefaultsOfACleanSettingsStore) {
