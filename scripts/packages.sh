@@ -1,7 +1,7 @@
 # Sourced by run.sh and test.sh: Debian packages that the project needs, and their installation.
 
 build_packages=(g++ cmake ninja-build unixodbc-dev libsqliteodbc libcli11-dev nlohmann-json3-dev libdtl-dev
-    libwxgtk3.2-dev wx3.2-i18n)
+    libpugixml-dev libwxgtk3.2-dev wx3.2-i18n)
 test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc odbcinst odbc-postgresql odbc-mariadb
     postgresql mariadb-server util-linux pkgconf libatspi2.0-dev libxtst-dev strace)
 
@@ -16,8 +16,8 @@ linux_packages=(dpkg-dev binutils git gzip zip unzip xz-utils)
 linux_test_packages=(lintian mandoc appstream desktop-file-utils bash-completion zsh fish)
 
 # What makes the Windows programs and their packages on Linux: packaging/windows/package.sh takes these.
-windows_packages=(g++ cmake ninja-build make dpkg-dev git libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libdtl-dev googletest
-    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev nsis zip unzip)
+windows_packages=(g++ cmake ninja-build make dpkg-dev git libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libdtl-dev
+    libpugixml-dev googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev nsis zip unzip)
 
 # What the tests of these packages look into them and run them with.
 windows_test_packages=(wine wine64 libsqliteodbc icoutils p7zip-full)

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # libraries.sh [--folder] <x86_64|i686>
 # Builds what the Windows programs and their tests are linked with, for one word size, and prints the folder it is in:
-# wxWidgets and GoogleTest as static libraries from Debian's own source, the header-only libraries from their packages.
+# wxWidgets, pugixml and GoogleTest as static libraries from Debian's own source, the header-only libraries from their
+# packages.
 # The folder is in the user's cache and named after the versions and the options, so that nothing is built twice and
 # nothing old is used. --folder: only prints the folder, there or not.
 set -euo pipefail
@@ -38,8 +39,10 @@ version_of() {
     dpkg-query -W -f '${source:Version}' "$1"
 }
 wx_version=$(version_of libwxgtk3.2-dev)
+pugixml_version=$(version_of libpugixml-dev)
 key=$({
     echo "$wx_version ${wx_options[*]}"
+    echo "$pugixml_version"
     "$target-g++-posix" --version | head -n 1
     dpkg-query -W -f '${Version} ' googletest "${header_packages[@]}" libz-mingw-w64-dev
 } | sha256sum | cut -c1-12)
@@ -69,6 +72,7 @@ run() {
     exit 1
 }
 
+# fetch_source <package>=<version>...
 # The package lists of the machine name programs, not sources; lists of our own name those and leave the machine's alone.
 fetch_source() {
     local lists=$work/apt
@@ -83,11 +87,11 @@ fetch_source() {
     local options=(-o Dir::Etc::SourceList=/dev/null -o Dir::Etc::SourceParts="$lists/parts"
         -o Dir::State::Lists="$lists/lists" -o Dir::Cache::srcpkgcache= -o Dir::Cache::pkgcache=)
     run apt-get "${options[@]}" update
-    (cd "$work" && run apt-get "${options[@]}" source "wxwidgets3.2=$wx_version")
+    (cd "$work" && run apt-get "${options[@]}" source "$@")
 }
 
 echo "Building wxWidgets $wx_version for $target" >&2
-fetch_source
+fetch_source "wxwidgets3.2=$wx_version" "pugixml=$pugixml_version"
 mkdir "$work/wx"
 (
     cd "$work/wx"
@@ -98,11 +102,17 @@ mkdir "$work/wx"
     run make install
 )
 
-echo "Building GoogleTest for $target" >&2
-run cmake -G Ninja -S /usr/src/googletest -B "$work/googletest" -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_C_COMPILER="$target-gcc-posix" -DCMAKE_CXX_COMPILER="$target-g++-posix" -DCMAKE_INSTALL_PREFIX="$folder"
-run cmake --build "$work/googletest"
-run cmake --install "$work/googletest"
+# build_with_cmake <name> <source folder>
+build_with_cmake() {
+    echo "Building $1 for $target" >&2
+    run cmake -G Ninja -S "$2" -B "$work/$1" -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_C_COMPILER="$target-gcc-posix" -DCMAKE_CXX_COMPILER="$target-g++-posix" \
+        -DCMAKE_INSTALL_PREFIX="$folder"
+    run cmake --build "$work/$1"
+    run cmake --install "$work/$1"
+}
+build_with_cmake pugixml "$work"/pugixml-*
+build_with_cmake googletest /usr/src/googletest
 
 # Copied, because /usr/include is this machine's own and no place for a cross compiler to look into.
 dpkg -L "${header_packages[@]}" | grep -E '^/usr/(include|share/cmake)/' | while read -r path; do

@@ -2,37 +2,59 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <exception>
+#include <functional>
 #include <sstream>
 
 #include "cli/CliError.h"
 #include "cli/Completion.h"
 #include "cli/Console.h"
 #include "cli/Grammar.h"
+#include "cli/Report.h"
 #include "cli/Services.h"
 
 namespace ventlock {
 namespace {
 
-ExitCode RunWanted(const Grammar& grammar, Host& host, Console& console) {
-    const Options& given = grammar.Given();
-    console.document["command"] = grammar.Name();
+/// Runs a part of a call; an error that ends it is told.
+ExitCode Told(Console& console, const std::function<ExitCode()>& work) {
     try {
-        ServiceOptions options;
-        options.isDryRun = given.isDryRun;
-        if (given.timeLimit > 0) {
-            options.timeLimits = {std::chrono::seconds(given.timeLimit),
-                                  std::chrono::seconds(given.timeLimit)};
-        }
-        Services services(host, options);
-        if (given.dataSource) services.Settings().DSN = *given.dataSource;
-        return grammar.Wanted()(services, console);
+        return work();
     } catch (const CliError& error) {
         console.WriteError(error);
         return error.Code();
     } catch (const RunTimeError& error) {
         console.WriteError(CliError(ExitCode::TargetFailed, error.what(), error.Diagnostics()));
-        return ExitCode::TargetFailed;
+    } catch (const std::exception& error) {
+        console.WriteError(CliError(ExitCode::TargetFailed, error.what()));
     }
+    return ExitCode::TargetFailed;
+}
+
+ExitCode RunCommand(const Grammar& grammar, Host& host, Console& console) {
+    const Options& given = grammar.Given();
+    ServiceOptions options;
+    options.isDryRun = given.isDryRun;
+    if (given.timeLimit > 0) {
+        options.timeLimits = {std::chrono::seconds(given.timeLimit), std::chrono::seconds(given.timeLimit)};
+    }
+    Services services(host, options);
+    if (given.dataSource) services.Settings().DSN = *given.dataSource;
+    return grammar.Wanted()(services, console);
+}
+
+ExitCode RunWanted(Grammar& grammar, Host& host, Console& console) {
+    console.document["command"] = grammar.Name();
+    Report* report = nullptr;
+    const ExitCode refused = Told(console, [&] {
+        report = grammar.MakeReport();
+        if (report != nullptr) report->RequireWritable(grammar.Given().files);
+        return ExitCode::Done;
+    });
+    if (refused != ExitCode::Done) return refused;
+    const ExitCode code = Told(console, [&] { return RunCommand(grammar, host, console); });
+    if (report == nullptr) return code;
+    return Told(console, [&] { return report->Write(console, code); });
 }
 
 /// Why a call could not be understood: a word that should be a command is named, all else is as the parser

@@ -10,6 +10,9 @@
 
 namespace ventlock {
 
+/// A document as text. Texts from drivers may hold anything; the document is valid all the same.
+std::string DocumentText(const nlohmann::ordered_json& document);
+
 /// Where a command's answer goes: lines for people, or one JSON document. Data goes to `out`, all else to
 /// `err`. In lines, control characters other than line ends and tabs are written out, "\x1B" for one, so that
 /// no name or path commands the terminal.
@@ -36,6 +39,9 @@ class Console {
 
     /// An error in full, and in the document.
     void WriteError(const CliError& error);
+
+    /// An error in full that has a place of its own in the document.
+    void TellError(const CliError& error);
 
     /// `path:line: error|warning [id] text`
     static std::string FindingLine(const std::string& path, const Finding& finding);

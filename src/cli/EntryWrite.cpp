@@ -108,8 +108,13 @@ void EntryWrite::NoteDatabase(std::string_view status, const TargetResult& resul
     Json& json = targets_["database"] = {{"target", run_.services.DataSourceText()}};
     json["statements"] = statements_;
     if (restarts > 0) json["restarts"] = restarts;
+    NoteResult(json, status, result);
+}
+
+void EntryWrite::NoteResult(Json& json, std::string_view status, const TargetResult& result) {
     json["status"] = status;
     json["messages"] = result.messages;
+    if (!result.advice.empty()) json["advice"] = result.advice;
 }
 
 void EntryWrite::TellDatabase(const TargetResult& result, int restarts) {
@@ -134,8 +139,7 @@ bool EntryWrite::WriteFiles(bool isWritten) {
         run_.services.Journal().Clear();
         const TargetResult result = WriteFile(path, json, work);
         isWritten = result.isWritten;
-        json["status"] = isWritten ? (options.isDryRun ? "planned" : "written") : "failed";
-        json["messages"] = result.messages;
+        NoteResult(json, isWritten ? (options.isDryRun ? "planned" : "written") : "failed", result);
         Tell(path, result);
     };
     write(options.targets.ini, "ini", options.iniPath,

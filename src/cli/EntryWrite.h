@@ -75,6 +75,7 @@ class EntryWrite {
     void Gather();
     void TakeOverLeftManufacturer();
     void NoteStatements();
+    static void NoteResult(Json& json, std::string_view status, const TargetResult& result);
     template <class Work>
     TargetResult WriteFile(const std::string& path, Json& json, Work&& work);
     [[nodiscard]] std::string Shown(const std::string& path, bool exists) const;

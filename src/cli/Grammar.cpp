@@ -22,6 +22,8 @@ constexpr std::array kExamples = {
             "See the statements and the changes of both files; nothing is written."},
     Example{"ventlock-cli register devices --db --ini --json",
             "Register a folder of entries from a script, with one JSON document as the answer."},
+    Example{"ventlock-cli register devices --all --report devices.xml",
+            "Register them everywhere, and leave a report that build servers show."},
 };
 
 constexpr std::array kExitMeanings = {
@@ -126,6 +128,22 @@ void Grammar::AddSchema(CLI::App* command, const std::string& description) {
         ->capture_default_str();
 }
 
+void Grammar::AddReport(CLI::App* command) {
+    AddText(command, "--report", given_.report,
+            "File for a report of the run, which is written whatever becomes of the run",
+            {"FILE", ValueSource::Files, {}});
+    static const std::map<std::string, ReportFormat> kFormats = {
+        {"text", ReportFormat::Text}, {"json", ReportFormat::Json}, {"junit", ReportFormat::Junit}};
+    std::vector<std::string> words;
+    for (const auto& [word, format] : kFormats) words.push_back(word);
+    TakesWord(
+        command->add_option_function<std::string>(
+            "--report-format", [this](const std::string& name) { given_.reportFormat = kFormats.at(name); },
+            "Form of the report (default: junit for a file *.xml, json for *.json, else text)"),
+        "FORM", words)
+        ->needs("--report");
+}
+
 void Grammar::AddRegister() {
     CLI::App* command = app_.add_subcommand("register", "Write entries to the database and the files");
     AddTargets(command, "Write to");
@@ -135,10 +153,12 @@ void Grammar::AddRegister() {
                       "Write nothing; print the statements and what would change in the files");
     command->add_flag("--one-transaction", given_.isOneTransaction,
                       "Write all entries to the database or, when it refuses one, none anywhere");
+    AddReport(command);
     Set(command, "register", [this](Services& services, Console& console) {
         const RegisterOptions options{given_.files,      RegisterTargets(),
                                       IniPath(services), DDInstallPath(services),
                                       given_.isDryRun,   given_.isOneTransaction};
+        if (report_) report_->RequireNone({options.iniPath, options.ddInstallPath});
         return RunRegister(services, options, console);
     });
 }

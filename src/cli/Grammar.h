@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "cli/CommandDescription.h"
 #include "cli/Console.h"
 #include "cli/ExitCode.h"
+#include "cli/Report.h"
 #include "cli/Services.h"
 #include "entry/RequiredFields.h"
 
@@ -35,6 +37,8 @@ struct Options {
     std::string kind;
     std::string settingName;
     std::string settingValue;
+    std::optional<std::string> report;
+    std::optional<ReportFormat> reportFormat;
     int timeLimit = 0;  ///< seconds; 0: the defaults
     bool isJson = false;
     bool isQuiet = false;
@@ -51,6 +55,12 @@ class Grammar {
     [[nodiscard]] const Options& Given() const { return given_; }
     [[nodiscard]] const Command& Wanted() const { return wanted_; }
     [[nodiscard]] const std::string& Name() const { return name_; }
+
+    /// The report that was asked for, nullptr when none was. What it tells of begins now.
+    Report* MakeReport() {
+        if (given_.report) report_ = std::make_unique<Report>(host_, *given_.report, given_.reportFormat);
+        return report_.get();
+    }
 
     [[nodiscard]] CommandDescription Describe() const { return Describe(app_); }
 
@@ -70,6 +80,7 @@ class Grammar {
                  const std::string& description, const ValueDescription& value);
     void AddTargets(CLI::App* command, const std::string& verb);
     void AddDataSource(CLI::App* command);
+    void AddReport(CLI::App* command);
     void AddSchema(CLI::App* command, const std::string& description);
     void AddRegister();
     void AddCheck();
@@ -87,6 +98,7 @@ class Grammar {
     Options given_;
     Command wanted_;
     std::string name_;
+    std::unique_ptr<Report> report_;
 };
 
 }  // namespace ventlock

@@ -13,6 +13,11 @@
 
 namespace ventlock {
 
+std::string AbsolutePath(IPaths& paths, const std::string& path) {
+    if (Trim(path).empty() || paths.IsAbsolute(path)) return path;
+    return paths.Join(paths.WorkingFolder(), path);
+}
+
 void CollectedMessages::Show(const std::string& text, const std::string& /*title*/,
                              const std::optional<MessageHelp>& /*help*/) {
     texts_.push_back(text);
@@ -81,12 +86,6 @@ std::vector<std::string> Services::TakeDetails() {
     std::vector<std::string> details = messages_.Take();
     for (const std::string& record : journal_.Diagnostics()) details.push_back("driver: " + record);
     return details;
-}
-
-std::string Services::Absolute(const std::string& path) {
-    IPaths& paths = host_.Paths();
-    if (Trim(path).empty() || paths.IsAbsolute(path)) return path;
-    return paths.Join(paths.WorkingFolder(), path);
 }
 
 }  // namespace ventlock

@@ -18,6 +18,10 @@
 
 namespace ventlock {
 
+/// The path against the working folder, unless it is absolute. A blank path stays.
+/// @throws RunTimeError 76 when the working folder has been removed.
+std::string AbsolutePath(IPaths& paths, const std::string& path);
+
 struct ServiceOptions {
     bool isDryRun = false;  ///< nothing is written anywhere
     DatabaseTimeLimits timeLimits;
@@ -72,7 +76,7 @@ class Services {
     std::vector<std::string> TakeDetails();
 
     /// The path against the working folder, unless it is absolute. A blank path stays.
-    [[nodiscard]] std::string Absolute(const std::string& path);
+    [[nodiscard]] std::string Absolute(const std::string& path) { return AbsolutePath(host_.Paths(), path); }
 
  private:
     void LoadDictionary();

@@ -7,6 +7,7 @@
 
 #include "cli/CommandLine.h"
 #include "platform/Host.h"
+#include "support/FailingFiles.h"
 #include "support/FakeRegistry.h"
 #include "support/Fakes.h"
 #include "support/TempFolder.h"
@@ -27,7 +28,7 @@ class CommandLineHost final : public Host {
     }
 
     IRegistry& Registry() override { return registry; }
-    IFiles& Files() override { return real_->Files(); }
+    IFiles& Files() override { return files; }
     IPaths& Paths() override { return paths; }
     IClock& Clock() override { return clock_; }
     ILocale& Locale() override { return locale_; }
@@ -36,13 +37,17 @@ class CommandLineHost final : public Host {
     IAppInfo& AppInfo() override { return appInfo; }
     IMessageBox& ConsoleMessages() override { return messages_; }
 
+ private:
+    std::unique_ptr<Host> real_ = CreateHost("ventlock");
+
+ public:
     TempFolder folder;
+    FailingFiles files{real_->Files()};
     FakePaths paths;
     FakeRegistry registry;
     FakeAppInfo appInfo;
 
  private:
-    std::unique_ptr<Host> real_ = CreateHost("ventlock");
     FakeClock clock_;
     FakeLocale locale_;
     FakeEventLog eventLog_;

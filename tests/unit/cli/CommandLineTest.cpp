@@ -37,8 +37,9 @@ TEST(CommandLine, HelpNamesEveryCommandAndOption) {
         EXPECT_NE(all.find(word), std::string::npos) << word;
     }
     const std::string ofRegister = Call(host, {"register", "--help"}).out;
-    for (const char* const word : {"FILE", "--db", "--ini", "--ddinstall", "--all", "--dsn", "--ini-path",
-                                   "--ddinstall-path", "--dry-run"}) {
+    for (const char* const word :
+         {"FILE", "--db", "--ini", "--ddinstall", "--all", "--dsn", "--ini-path", "--ddinstall-path",
+          "--dry-run", "--one-transaction", "--report", "--report-format"}) {
         EXPECT_NE(ofRegister.find(word), std::string::npos) << word;
     }
     const std::string ofDatabase = Call(host, {"database", "--help"}).out;

@@ -1,0 +1,92 @@
+#include "cli/ReportCases.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace ventlock {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using Outcome = ReportCase::Outcome;
+
+std::string TextAt(const Json& json, const char* key) {
+    return json.value(key, std::string());
+}
+
+/// The texts of a list that need not be there.
+std::vector<std::string> TextsAt(const Json& json, const char* key) {
+    return json.value(key, std::vector<std::string>());
+}
+
+/// The list of that name, empty when there is none.
+const Json& ListAt(const Json& json, const char* key) {
+    static const Json kNone = Json::array();
+    const auto found = json.find(key);
+    return found == json.end() ? kNone : *found;
+}
+
+void AddAdvice(const Json& json, std::vector<std::string>& lines) {
+    const std::string advice = TextAt(json, "advice");
+    if (!advice.empty()) lines.push_back(advice);
+}
+
+Outcome OutcomeOf(std::string_view status) {
+    if (status == "written" || status == "planned") return Outcome::Passed;
+    return status == "skipped" ? Outcome::Skipped : Outcome::Failed;
+}
+
+void AddEntry(const Json& entry, std::vector<ReportCase>& cases) {
+    for (const auto& [key, target] : entry.at("targets").items()) {
+        ReportCase result{TextAt(entry, "file"),
+                          entry.value("line", 0),
+                          "[" + TextAt(entry, "name") + "] " + std::string(TargetName(key)),
+                          OutcomeOf(TextAt(target, "status")),
+                          TextAt(target, "status"),
+                          TextsAt(target, "messages")};
+        AddAdvice(target, result.lines);
+        cases.push_back(std::move(result));
+    }
+}
+
+void AddFinding(const Json& finding, std::vector<ReportCase>& cases) {
+    const std::string severity = TextAt(finding, "severity");
+    cases.push_back({TextAt(finding, "file"),
+                     finding.value("line", 0),
+                     "line " + std::to_string(finding.value("line", 0)) + " [" + TextAt(finding, "id") + "]",
+                     severity == "error" ? Outcome::Failed : Outcome::Passed,
+                     severity,
+                     {TextAt(finding, "text")}});
+}
+
+/// What ended the run, or what no entry's own failure accounts for: the commit of all, for one.
+void AddError(const Json& document, std::vector<ReportCase>& cases) {
+    const bool isAccountedFor = std::any_of(
+        cases.begin(), cases.end(), [](const ReportCase& result) { return result.status == "failed"; });
+    if (!document.contains("error") || isAccountedFor) return;
+    const Json& error = document.at("error");
+    ReportCase result{"",
+                      0,
+                      TextAt(document, "command"),
+                      Outcome::Failed,
+                      TextAt(error, "text"),
+                      TextsAt(error, "details")};
+    AddAdvice(error, result.lines);
+    cases.push_back(std::move(result));
+}
+
+}  // namespace
+
+std::string_view TargetName(std::string_view key) {
+    if (key == "ini") return "Pyx.ini";
+    return key == "ddinstall" ? "Ddinstal.ini" : key;
+}
+
+std::vector<ReportCase> ReportCases(const Json& document) {
+    std::vector<ReportCase> cases;
+    for (const Json& finding : ListAt(document, "findings")) AddFinding(finding, cases);
+    for (const Json& entry : ListAt(document, "entries")) AddEntry(entry, cases);
+    AddError(document, cases);
+    return cases;
+}
+
+}  // namespace ventlock

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace ventlock {
+
+/// One result of a run, as reports tell it: an entry in one of its targets, a finding, or what ended the run.
+struct ReportCase {
+    enum class Outcome : std::uint8_t { Passed, Failed, Skipped };
+
+    std::string file;  ///< entry file as the run names it, "" for the run itself
+    int line = 0;      ///< of the entry or finding
+    std::string name;  ///< tells it from the file's other results, the same from run to run
+    Outcome outcome = Outcome::Passed;
+    std::string status;              ///< the word for it: "written", for one
+    std::vector<std::string> lines;  ///< what was said about it, advice last
+};
+
+/// The name of a target by its key in a document: "Pyx.ini" for "ini".
+std::string_view TargetName(std::string_view key);
+
+/// All results that a command's document tells, in its order.
+std::vector<ReportCase> ReportCases(const nlohmann::ordered_json& document);
+
+}  // namespace ventlock
