@@ -34,7 +34,7 @@ ExitCode Told(Console& console, const std::function<ExitCode()>& work) {
 ExitCode RunCommand(const Grammar& grammar, Host& host, Console& console) {
     const Options& given = grammar.Given();
     ServiceOptions options;
-    options.isDryRun = given.isDryRun;
+    options.mode = grammar.Mode();
     if (given.timeLimit > 0) {
         options.timeLimits = {std::chrono::seconds(given.timeLimit), std::chrono::seconds(given.timeLimit)};
     }

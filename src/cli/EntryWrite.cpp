@@ -7,7 +7,6 @@
 #include "cli/CliError.h"
 #include "cli/UnifiedDiff.h"
 #include "db/SchemaVersion.h"
-#include "entry/GatherEntry.h"
 
 namespace ventlock {
 namespace {
@@ -25,34 +24,12 @@ EntryWrite::EntryWrite(RegisterRun& run, const PlannedEntry& entry)
       title_("[" + entry.source->name + "] " + entry.path + ":" + std::to_string(entry.source->line)) {}
 
 void EntryWrite::MakeObjects() {
-    Services& services = run_.services;
-    // The facade of the start has passed its check; the first to come writes with it.
-    facade_ = std::move(run_.plan.Database().facade);
-    isReady_ = facade_ != nullptr;
-    if (!isReady_) facade_ = std::make_unique<clsTavDB>(services.Events());
-    pyxConfig_ = std::make_unique<clsPyxConfig>(services.Profiles());
-    pyxConfig_->Init(services.Objects(), 2);
-    ddInstall_ = std::make_unique<clsDDInstall>(services.Profiles());
-    ddInstall_->Init(services.Objects(), 2);
-    ddInstall_->DDVersion = services.Settings().DDVersion();
-}
-
-void EntryWrite::Gather() {
-    GatherEntry(entry_.form, run_.plan.Database().schemaVersion, &run_.services.Objects(), *facade_,
-                *ddInstall_, *pyxConfig_);
+    objects_ = std::make_unique<EntryObjects>(run_.services, run_.plan, entry_);
 }
 
 void EntryWrite::GatherForFiles() {
     MakeObjects();
-    Gather();
-}
-
-/// The facade with its records set up. The schema is looked at again: another program may have changed it.
-bool EntryWrite::MakeReady() {
-    if (isReady_) return true;
-    isReady_ = facade_->Init(run_.services.Objects(), 2);
-    if (isReady_) run_.services.Journal().Clear();  // what follows is the entry's own
-    return isReady_;
+    objects_->Gather();
 }
 
 TargetResult EntryWrite::TryDatabase(bool takesOverLeftRow) {
@@ -60,13 +37,11 @@ TargetResult EntryWrite::TryDatabase(bool takesOverLeftRow) {
     services.Messages().Take();
     services.Journal().Clear();
     MakeObjects();
-    const bool isReady = MakeReady();
-    Gather();
-    // A category that could not be found or made is an error of its own; going on would store another one.
-    isGathered_ = services.Journal().Diagnostics().empty() && services.Messages().IsEmpty();
-    if (isReady && isGathered_ && takesOverLeftRow) TakeOverLeftManufacturer();
+    objects_->PrepareForDatabase();
+    const bool isPrepared = objects_->IsReady() && objects_->IsGathered();
+    if (isPrepared && takesOverLeftRow) TakeOverLeftManufacturer();
     TargetResult result;
-    result.isWritten = isReady && isGathered_ && facade_->Update();
+    result.isWritten = isPrepared && objects_->Facade().Update();
     if (!result.isWritten) {
         result.advice = StatementAdvice(services.Journal().Diagnostics(),
                                         run_.plan.Database().schemaVersion < kCurrentSchema);
@@ -78,14 +53,14 @@ TargetResult EntryWrite::TryDatabase(bool takesOverLeftRow) {
 
 /// Rows of the old schema have no numbers that another start could choose anew; categories do.
 bool EntryWrite::MayStartAnew() const {
-    return !isGathered_ || run_.plan.Database().schemaVersion >= kCurrentSchema;
+    return !objects_->IsGathered() || run_.plan.Database().schemaVersion >= kCurrentSchema;
 }
 
 /// A new manufacturer's row is inserted before the protocol row that leads to it. A program that was ended in
 /// between has left a row that no search finds and whose number every new manufacturer is given. The row
 /// becomes this entry's own; the update that refreshes a known manufacturer does that.
 void EntryWrite::TakeOverLeftManufacturer() {
-    clsManufacturer& manufacturer = facade_->Manufacturer();
+    clsManufacturer& manufacturer = objects_->Facade().Manufacturer();
     manufacturer.MfrProtocolID();  // searched now and kept
     if (manufacturer.MfrProtocolFound == 0) manufacturer.MfrNameFound = 1;
 }
@@ -142,10 +117,13 @@ bool EntryWrite::WriteFiles(bool isWritten) {
         NoteResult(json, isWritten ? (options.isDryRun ? "planned" : "written") : "failed", result);
         Tell(path, result);
     };
-    write(options.targets.ini, "ini", options.iniPath,
-          [&] { return pyxConfig_->Insert(facade_->Manufacturer(), facade_->Device()); });
-    write(options.targets.ddInstall, "ddinstall", options.ddInstallPath,
-          [&] { return ddInstall_->WriteDDInstall(facade_->Manufacturer(), facade_->Device()); });
+    write(options.targets.ini, "ini", options.iniPath, [&] {
+        return objects_->PyxConfig().Insert(objects_->Facade().Manufacturer(), objects_->Facade().Device());
+    });
+    write(options.targets.ddInstall, "ddinstall", options.ddInstallPath, [&] {
+        return objects_->DDInstall().WriteDDInstall(objects_->Facade().Manufacturer(),
+                                                    objects_->Facade().Device());
+    });
     return isWritten;
 }
 

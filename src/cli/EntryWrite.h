@@ -7,11 +7,10 @@
 #include <vector>
 
 #include "cli/Console.h"
+#include "cli/EntryObjects.h"
 #include "cli/RegisterCommand.h"
 #include "cli/RegisterPlan.h"
 #include "cli/Services.h"
-#include "files/clsDDInstall.h"
-#include "files/clsPyxConfig.h"
 
 namespace ventlock {
 
@@ -71,8 +70,6 @@ class EntryWrite {
     using Json = nlohmann::ordered_json;
 
     void MakeObjects();
-    bool MakeReady();
-    void Gather();
     void TakeOverLeftManufacturer();
     void NoteStatements();
     static void NoteResult(Json& json, std::string_view status, const TargetResult& result);
@@ -86,11 +83,7 @@ class EntryWrite {
     std::string title_;
     Json targets_ = Json::object();
     Json statements_ = Json::array();
-    std::unique_ptr<clsTavDB> facade_;
-    bool isReady_ = false;     ///< the facade can write to the database
-    bool isGathered_ = false;  ///< the entry's categories are found or made
-    std::unique_ptr<clsPyxConfig> pyxConfig_;
-    std::unique_ptr<clsDDInstall> ddInstall_;
+    std::unique_ptr<EntryObjects> objects_;  ///< of the last start
 };
 
 }  // namespace ventlock

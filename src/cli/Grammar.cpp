@@ -8,6 +8,7 @@
 #include "cli/DatabaseCommands.h"
 #include "cli/RegisterCommand.h"
 #include "cli/SettingsCommands.h"
+#include "cli/VerifyCommand.h"
 
 namespace ventlock {
 namespace {
@@ -22,8 +23,8 @@ constexpr std::array kExamples = {
             "See the statements and the changes of both files; nothing is written."},
     Example{"ventlock-cli register devices --db --ini --json",
             "Register a folder of entries from a script, with one JSON document as the answer."},
-    Example{"ventlock-cli register devices --all --report devices.xml",
-            "Register them everywhere, and leave a report that build servers show."},
+    Example{"ventlock-cli verify devices --all --report devices.xml",
+            "Compare them with all targets, and leave a report that build servers show."},
 };
 
 constexpr std::array kExitMeanings = {
@@ -69,9 +70,15 @@ Grammar::Grammar(Host& host) : host_(host), app_(kDescription, "ventlock-cli") {
                                              "Longest time the database may take to answer, in seconds");
     Takes(timeLimit, {"SECONDS", ValueSource::Free, {}})->check(CLI::Range(1, 3600));
     AddRegister();
+    AddVerify();
     AddCheck();
     AddDatabase();
     AddSettings();
+}
+
+StatementMode Grammar::Mode() const {
+    if (name_ == "verify") return StatementMode::Note;
+    return given_.isDryRun ? StatementMode::DryRun : StatementMode::Run;
 }
 
 std::string Grammar::Version() {
@@ -155,11 +162,27 @@ void Grammar::AddRegister() {
                       "Write all entries to the database or, when it refuses one, none anywhere");
     AddReport(command);
     Set(command, "register", [this](Services& services, Console& console) {
-        const RegisterOptions options{given_.files,      RegisterTargets(),
-                                      IniPath(services), DDInstallPath(services),
-                                      given_.isDryRun,   given_.isOneTransaction};
-        if (report_) report_->RequireNone({options.iniPath, options.ddInstallPath});
+        if (given_.isOneTransaction && !given_.toDatabase && !given_.toAll) {
+            throw CliError(ExitCode::WrongCall,
+                           "--one-transaction is for the database, which is no target of this call", {},
+                           "Add --db, or leave --one-transaction out.");
+        }
+        const RegisterOptions options{Plan(services), given_.isDryRun, given_.isOneTransaction};
         return RunRegister(services, options, console);
+    });
+}
+
+void Grammar::AddVerify() {
+    CLI::App* command = app_.add_subcommand(
+        "verify", "Compare entries with what the database and the files hold; nothing is written");
+    AddTargets(command, "Compare with");
+    command->add_flag("--all", given_.toAll, "Compare with all three");
+    AddDataSource(command);
+    AddReport(command);
+    Set(command, "verify", [this](Services& services, Console& console) {
+        PlanOptions options = Plan(services);
+        options.isReadOnly = true;
+        return RunVerify(services, options, console);
     });
 }
 
@@ -231,19 +254,16 @@ void Grammar::AddSettings() {
     });
 }
 
-Targets Grammar::RegisterTargets() const {
-    if (given_.toAll) return {true, true, true};
-    if (given_.isOneTransaction && !given_.toDatabase) {
-        throw CliError(ExitCode::WrongCall,
-                       "--one-transaction is for the database, which is no target of this call", {},
-                       "Add --db, or leave --one-transaction out.");
-    }
-    const Targets targets{given_.toDatabase, given_.toIni, given_.toDDInstall};
+PlanOptions Grammar::Plan(Services& services) const {
+    Targets targets{given_.toDatabase, given_.toIni, given_.toDDInstall};
+    if (given_.toAll) targets = {true, true, true};
     if (!targets.Any()) {
         throw CliError(ExitCode::WrongCall, "no target was named", {},
                        "Add --db, --ini, --ddinstall or --all.");
     }
-    return targets;
+    PlanOptions plan{given_.files, targets, IniPath(services), DDInstallPath(services)};
+    if (report_) report_->RequireNone({plan.iniPath, plan.ddInstallPath});
+    return plan;
 }
 
 std::string Grammar::IniPath(Services& services) const {

@@ -11,6 +11,7 @@
 #include "cli/CommandDescription.h"
 #include "cli/Console.h"
 #include "cli/ExitCode.h"
+#include "cli/PlanOptions.h"
 #include "cli/Report.h"
 #include "cli/Services.h"
 #include "entry/RequiredFields.h"
@@ -56,6 +57,9 @@ class Grammar {
     [[nodiscard]] const Command& Wanted() const { return wanted_; }
     [[nodiscard]] const std::string& Name() const { return name_; }
 
+    /// Whether the command changes what its statements say.
+    [[nodiscard]] StatementMode Mode() const;
+
     /// The report that was asked for, nullptr when none was. What it tells of begins now.
     Report* MakeReport() {
         if (given_.report) report_ = std::make_unique<Report>(host_, *given_.report, given_.reportFormat);
@@ -83,11 +87,13 @@ class Grammar {
     void AddReport(CLI::App* command);
     void AddSchema(CLI::App* command, const std::string& description);
     void AddRegister();
+    void AddVerify();
     void AddCheck();
     void AddDatabase();
     void AddSettings();
 
-    [[nodiscard]] Targets RegisterTargets() const;
+    /// Entries and targets of a call that names its targets. @throws CliError 2 when it names none.
+    PlanOptions Plan(Services& services) const;
     std::string IniPath(Services& services) const;
     std::string DDInstallPath(Services& services) const;
     [[nodiscard]] CommandDescription Describe(const CLI::App& command) const;

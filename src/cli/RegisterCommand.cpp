@@ -37,19 +37,10 @@ bool Write(RegisterRun& run, const PlannedEntry& planned) {
     return isWritten;
 }
 
-/// Where the entries are to go.
-void NoteTargets(Services& services, const RegisterOptions& options, Console& console) {
-    auto& targets = console.document["targets"] = nlohmann::ordered_json::object();
-    if (options.targets.database) targets["database"] = services.DataSourceText();
-    if (options.targets.ini) targets["ini"] = options.iniPath;
-    if (options.targets.ddInstall) targets["ddinstall"] = options.ddInstallPath;
-}
-
 }  // namespace
 
 ExitCode RunRegister(Services& services, const RegisterOptions& options, Console& console) {
     console.document["dryRun"] = options.isDryRun;
-    NoteTargets(services, options, console);
     RegisterPlan plan(services, options, console);
     plan.Prepare();
     console.document["entries"] = nlohmann::ordered_json::array();

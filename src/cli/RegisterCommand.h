@@ -1,19 +1,12 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "cli/Console.h"
+#include "cli/PlanOptions.h"
 #include "cli/Services.h"
-#include "entry/RequiredFields.h"
 
 namespace ventlock {
 
-struct RegisterOptions {
-    std::vector<std::string> files;
-    Targets targets;
-    std::string iniPath;  ///< absolute
-    std::string ddInstallPath;
+struct RegisterOptions : PlanOptions {
     bool isDryRun = false;          ///< show statements and diffs; the services write nothing then
     bool isOneTransaction = false;  ///< the database takes all entries or none; the files follow then
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "cli/Advice.h"
 #include "cli/CliError.h"
@@ -10,15 +11,20 @@
 
 namespace ventlock {
 
-RegisterPlan::RegisterPlan(Services& services, const RegisterOptions& options, Console& console)
+RegisterPlan::RegisterPlan(Services& services, const PlanOptions& options, Console& console)
     : services_(services), options_(options), console_(console) {}
 
 void RegisterPlan::Prepare() {
-    LoadEntries();
+    NoteTargets();
+    Prepare(LoadEntryFiles(services_, options_.files, console_));
+}
+
+void RegisterPlan::Prepare(std::vector<LoadedEntryFile> files) {
+    TakeEntries(std::move(files));
     // What holds for every schema comes first: an entry that is wrong anyway needs no database to be refused.
     std::vector<FileFindings> findings = CheckEntries(kOldSchema);
     EndOnErrors(findings);
-    RequireTargets();
+    if (!options_.isReadOnly) RequireTargets();
     if (options_.targets.database) {
         ConnectDatabase();
         findings = CheckEntries(database_.schemaVersion);
@@ -33,8 +39,16 @@ void RegisterPlan::Prepare() {
     WriteFindings(findings);
 }
 
-void RegisterPlan::LoadEntries() {
-    files_ = LoadEntryFiles(services_, options_.files, console_);
+/// Where the entries are to go.
+void RegisterPlan::NoteTargets() {
+    auto& targets = console_.document["targets"] = nlohmann::ordered_json::object();
+    if (options_.targets.database) targets["database"] = services_.DataSourceText();
+    if (options_.targets.ini) targets["ini"] = options_.iniPath;
+    if (options_.targets.ddInstall) targets["ddinstall"] = options_.ddInstallPath;
+}
+
+void RegisterPlan::TakeEntries(std::vector<LoadedEntryFile> files) {
+    files_ = std::move(files);
     std::vector<FileFindings> findings;
     for (const LoadedEntryFile& file : files_) findings.push_back({file.path, file.content.findings});
     EndOnErrors(findings);
@@ -91,7 +105,8 @@ void RegisterPlan::EndOnErrors(const std::vector<FileFindings>& findings) {
                                      [](const FileFindings& file) { return HasErrors(file.findings); });
     if (!isWrong) return;
     WriteFindings(findings);
-    throw CliError(ExitCode::WrongCall, "the entry files hold errors; nothing was written", {},
+    const std::string undone = options_.isReadOnly ? "compared" : "written";
+    throw CliError(ExitCode::WrongCall, "the entry files hold errors; nothing was " + undone, {},
                    "Mend what the findings name and run the command again.");
 }
 

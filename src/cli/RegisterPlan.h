@@ -7,7 +7,7 @@
 
 #include "cli/Console.h"
 #include "cli/EntryFiles.h"
-#include "cli/RegisterCommand.h"
+#include "cli/PlanOptions.h"
 #include "cli/Services.h"
 #include "entry/EntryForm.h"
 #include "entry/EntryToForm.h"
@@ -31,17 +31,21 @@ struct ConnectedDatabase {
 /// Everything that is looked at before the first write. What it is made from must outlive it.
 class RegisterPlan {
  public:
-    RegisterPlan(Services& services, const RegisterOptions& options, Console& console);
+    RegisterPlan(Services& services, const PlanOptions& options, Console& console);
 
-    /// Reads and checks entries and targets, and connects. Findings go to the console.
+    /// Reads and checks entries and targets, and connects. Targets and findings go to the console.
     /// @throws CliError 1, 2 or 3 at the first group of errors.
     void Prepare();
+
+    /// The same for entry files that are read already.
+    void Prepare(std::vector<LoadedEntryFile> files);
 
     [[nodiscard]] const std::vector<PlannedEntry>& Entries() const noexcept { return entries_; }
     [[nodiscard]] ConnectedDatabase& Database() noexcept { return database_; }
 
  private:
-    void LoadEntries();
+    void NoteTargets();
+    void TakeEntries(std::vector<LoadedEntryFile> files);
     void RequireTargets();
     void ConnectDatabase();
     [[nodiscard]] std::vector<FileFindings> CheckEntries(std::int16_t schemaVersion);
@@ -49,7 +53,7 @@ class RegisterPlan {
     void WriteFindings(const std::vector<FileFindings>& findings);
 
     Services& services_;
-    const RegisterOptions& options_;
+    const PlanOptions& options_;
     Console& console_;
     std::vector<LoadedEntryFile> files_;
     std::vector<PlannedEntry> entries_;

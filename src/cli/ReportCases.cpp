@@ -31,7 +31,7 @@ void AddAdvice(const Json& json, std::vector<std::string>& lines) {
 }
 
 Outcome OutcomeOf(std::string_view status) {
-    if (status == "written" || status == "planned") return Outcome::Passed;
+    if (status == "written" || status == "planned" || status == "same") return Outcome::Passed;
     return status == "skipped" ? Outcome::Skipped : Outcome::Failed;
 }
 
@@ -43,6 +43,9 @@ void AddEntry(const Json& entry, std::vector<ReportCase>& cases) {
                           OutcomeOf(TextAt(target, "status")),
                           TextAt(target, "status"),
                           TextsAt(target, "messages")};
+        for (const Json& difference : ListAt(target, "differences")) {
+            result.lines.push_back(TextAt(difference, "text"));
+        }
         AddAdvice(target, result.lines);
         cases.push_back(std::move(result));
     }

@@ -29,7 +29,7 @@ std::vector<std::string> CollectedMessages::Take() {
 
 Services::Services(Host& host, const ServiceOptions& options)
     : host_(host), options_(options), files_(&host.Files()) {
-    if (options.isDryRun) {
+    if (options.mode != StatementMode::Run) {
         overlay_ = std::make_unique<OverlayFiles>(host.Files());
         files_ = overlay_.get();
     }
@@ -51,8 +51,7 @@ Services::Services(Host& host, const ServiceOptions& options)
     gsLanguage = settings_->Language;
     LoadDictionary();
     const auto createEngine = [this] { return CreateOdbcEngine(events_, options_.timeLimits); };
-    const StatementMode mode = options.isDryRun ? StatementMode::DryRun : StatementMode::Run;
-    connection_ = std::make_shared<clsConnection>(Journaled(createEngine, journal_, mode));
+    connection_ = std::make_shared<clsConnection>(Journaled(createEngine, journal_, options.mode));
     objects_.Add(kConnectionKey, connection_);
 }
 

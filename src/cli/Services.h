@@ -23,7 +23,7 @@ namespace ventlock {
 std::string AbsolutePath(IPaths& paths, const std::string& path);
 
 struct ServiceOptions {
-    bool isDryRun = false;  ///< nothing is written anywhere
+    StatementMode mode = StatementMode::Run;  ///< any but Run: nothing is written anywhere, files neither
     DatabaseTimeLimits timeLimits;
 };
 
@@ -75,7 +75,6 @@ class Services {
     /// What was logged since the last call, followed by the driver's records of the last failure.
     std::vector<std::string> TakeDetails();
 
-    /// The path against the working folder, unless it is absolute. A blank path stays.
     [[nodiscard]] std::string Absolute(const std::string& path) { return AbsolutePath(host_.Paths(), path); }
 
  private:
