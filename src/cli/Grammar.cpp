@@ -25,6 +25,8 @@ constexpr std::array kExamples = {
             "Register a folder of entries from a script, with one JSON document as the answer."},
     Example{"ventlock-cli verify devices --all --report devices.xml",
             "Compare them with all targets, and leave a report that build servers show."},
+    Example{"ventlock-cli export --db --man-id 26 --dev-id 7 --output flow.ini",
+            "Write an entry file from what the database holds of a device."},
 };
 
 constexpr std::array kExitMeanings = {
@@ -71,13 +73,14 @@ Grammar::Grammar(Host& host) : host_(host), app_(kDescription, "ventlock-cli") {
     Takes(timeLimit, {"SECONDS", ValueSource::Free, {}})->check(CLI::Range(1, 3600));
     AddRegister();
     AddVerify();
+    AddExport();
     AddCheck();
     AddDatabase();
     AddSettings();
 }
 
 StatementMode Grammar::Mode() const {
-    if (name_ == "verify") return StatementMode::Note;
+    if (name_ == "verify" || name_ == "export") return StatementMode::Note;
     return given_.isDryRun ? StatementMode::DryRun : StatementMode::Run;
 }
 
@@ -121,6 +124,10 @@ void Grammar::AddTargets(CLI::App* command, const std::string& verb) {
     command->add_flag("--ddinstall", given_.toDDInstall, verb + " Ddinstal.ini");
     AddText(command, "--ini-path", given_.iniPath, "Path of Pyx.ini (default: the setting INIPath)",
             {"PATH", ValueSource::IniFiles, {}});
+    AddDDInstallPath(command);
+}
+
+void Grammar::AddDDInstallPath(CLI::App* command) {
     AddText(command, "--ddinstall-path", given_.ddInstallPath,
             "Path of Ddinstal.ini (default: the setting DDInstallPath)", {"PATH", ValueSource::IniFiles, {}});
 }
@@ -183,6 +190,42 @@ void Grammar::AddVerify() {
         PlanOptions options = Plan(services);
         options.isReadOnly = true;
         return RunVerify(services, options, console);
+    });
+}
+
+void Grammar::AddExport() {
+    CLI::App* command = app_.add_subcommand(
+        "export", "Write an entry file from what the database or Ddinstal.ini holds of a device");
+    ExportOptions& options = given_.exported;
+    command->add_flag("--db", given_.toDatabase, "From the device database");
+    command->add_flag("--ddinstall", given_.toDDInstall, "From Ddinstal.ini");
+    const ValueDescription id{"ID", ValueSource::Free, {}};
+    AddText(command, "--man-id", options.choice.manufacturer, "The device's manufacturer id, hexadecimal",
+            id);
+    AddText(command, "--dev-id", options.choice.type, "Its device type id, hexadecimal", id);
+    AddText(command, "--dev-rev", options.choice.revision, "Its revision, hexadecimal", id);
+    AddText(command, "--prot-id", options.choice.protocol, "Its protocol's id, decimal", id);
+    command->add_flag("--list", options.isList, "List the devices that match");
+    Takes(
+        command->add_option("--set", options.more,
+                            "KEY=VALUE of the entry, for what the source does not hold; any number of them"),
+        {"KEY=VALUE", ValueSource::Free, {}})
+        ->expected(1)
+        ->take_all();
+    AddText(command, "--output,-o", options.output, "File for the entry (default: stdout)",
+            {"FILE", ValueSource::Files, {}});
+    command->add_flag("--force", options.mayReplace, "The file may be there and is replaced");
+    AddDataSource(command);
+    AddDDInstallPath(command);
+    Set(command, "export", [this](Services& services, Console& console) {
+        if (given_.toDatabase == given_.toDDInstall) {
+            throw CliError(ExitCode::WrongCall, "an export has one source", {},
+                           "Give either --db or --ddinstall.");
+        }
+        ExportOptions wanted = given_.exported;
+        wanted.isDatabase = given_.toDatabase;
+        wanted.ddInstallPath = DDInstallPath(services);
+        return RunExport(services, wanted, console);
     });
 }
 

@@ -11,6 +11,7 @@
 #include "cli/CommandDescription.h"
 #include "cli/Console.h"
 #include "cli/ExitCode.h"
+#include "cli/ExportCommand.h"
 #include "cli/PlanOptions.h"
 #include "cli/Report.h"
 #include "cli/Services.h"
@@ -38,6 +39,7 @@ struct Options {
     std::string kind;
     std::string settingName;
     std::string settingValue;
+    ExportOptions exported;
     std::optional<std::string> report;
     std::optional<ReportFormat> reportFormat;
     int timeLimit = 0;  ///< seconds; 0: the defaults
@@ -83,11 +85,13 @@ class Grammar {
     void AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
                  const std::string& description, const ValueDescription& value);
     void AddTargets(CLI::App* command, const std::string& verb);
+    void AddDDInstallPath(CLI::App* command);
     void AddDataSource(CLI::App* command);
     void AddReport(CLI::App* command);
     void AddSchema(CLI::App* command, const std::string& description);
     void AddRegister();
     void AddVerify();
+    void AddExport();
     void AddCheck();
     void AddDatabase();
     void AddSettings();

@@ -15,10 +15,11 @@ TEST(Call, WithoutACommandIsRefusedWithCode2) {
 
 TEST(Call, WithAnUnknownCommandIsRefusedWithCode2) {
     const World world;
-    ExpectRefused(world, {"inscribe"}, 2,
-                  "ventlock-cli: \"inscribe\" is no command; the commands are register, verify, check, "
-                  "database, settings\n"
-                  "  See \"ventlock-cli --help\".\n");
+    ExpectRefused(
+        world, {"inscribe"}, 2,
+        "ventlock-cli: \"inscribe\" is no command; the commands are register, verify, export, check, "
+        "database, settings\n"
+        "  See \"ventlock-cli --help\".\n");
 }
 
 TEST(Call, WithAnUnknownOptionIsRefusedWithCode2) {

@@ -32,8 +32,8 @@ TEST(CommandLine, ExitCodesAreTheDocumentedNumbers) {
 TEST(CommandLine, HelpNamesEveryCommandAndOption) {
     CommandLineHost host;
     const std::string all = Call(host, {"--help"}).out;
-    for (const char* const word : {"register", "verify", "check", "database", "settings", "--json", "--quiet",
-                                   "--timeout", "--version"}) {
+    for (const char* const word : {"register", "verify", "export", "check", "database", "settings", "--json",
+                                   "--quiet", "--timeout", "--version"}) {
         EXPECT_NE(all.find(word), std::string::npos) << word;
     }
     const std::string ofRegister = Call(host, {"register", "--help"}).out;
@@ -46,6 +46,11 @@ TEST(CommandLine, HelpNamesEveryCommandAndOption) {
     for (const char* const word : {"FILE", "--db", "--ini", "--ddinstall", "--all", "--dsn", "--ini-path",
                                    "--ddinstall-path", "--report", "--report-format"}) {
         EXPECT_NE(ofVerify.find(word), std::string::npos) << word;
+    }
+    const std::string ofExport = Call(host, {"export", "--help"}).out;
+    for (const char* const word : {"--db", "--ddinstall", "--dsn", "--ddinstall-path", "--man-id", "--dev-id",
+                                   "--dev-rev", "--prot-id", "--list", "--set", "--output", "--force"}) {
+        EXPECT_NE(ofExport.find(word), std::string::npos) << word;
     }
     const std::string ofDatabase = Call(host, {"database", "--help"}).out;
     for (const char* const word : {"create", "info", "list", "sources"}) {
