@@ -43,6 +43,7 @@ void CompareSection(const ProfileFile& file, const std::string& section,
                     const std::vector<std::pair<std::string_view, std::string>>& values,
                     std::vector<Difference>& differences) {
     std::vector<ProfileKey> keys;
+    keys.reserve(values.size());
     for (const auto& [name, value] : values) keys.push_back({section, std::string(name), value});
     for (Difference& difference : CompareKeys(file, keys)) differences.push_back(std::move(difference));
 }
