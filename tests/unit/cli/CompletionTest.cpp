@@ -31,6 +31,8 @@ std::string CandidatesOf(const std::vector<std::string>& words) {
 TEST(Completion, ACallBeginsWithACommand) {
     const std::string commands =
         "register\tWrite entries to the database and the files\n"
+        "verify\tCompare entries with what the database and the files hold; nothing is written\n"
+        "export\tWrite an entry file from what the database or Ddinstal.ini holds of a device\n"
         "check\tCheck entry files by every rule\n"
         "database\tMake and look into device databases\n"
         "settings\tShow and change the stored settings\n";
