@@ -81,7 +81,7 @@ std::size_t HashIgnoringCase(std::string_view utf8) {
     std::uint64_t hash = kBegin;
     for (std::size_t at = 0; at < utf8.size();) {
         const char32_t character = IsAsciiByte(utf8[at]) ? static_cast<unsigned char>(AsciiUpper(utf8[at++]))
-                                                     : UpperCase(NextOrRawByte(utf8, at));
+                                                         : UpperCase(NextOrRawByte(utf8, at));
         hash = (hash ^ character) * kFactor;
     }
     return static_cast<std::size_t>(hash);
