@@ -149,6 +149,7 @@ void Grammar::AddReport(CLI::App* command) {
     static const std::map<std::string, ReportFormat> kFormats = {
         {"text", ReportFormat::Text}, {"json", ReportFormat::Json}, {"junit", ReportFormat::Junit}};
     std::vector<std::string> words;
+    words.reserve(kFormats.size());
     for (const auto& [word, format] : kFormats) words.push_back(word);
     TakesWord(
         command->add_option_function<std::string>(

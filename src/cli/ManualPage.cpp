@@ -42,7 +42,7 @@ std::string Literal(std::string_view word) {
     return literal;
 }
 
-std::string Joined(const std::vector<std::string>& words) {
+std::string Alternatives(const std::vector<std::string>& words) {
     std::string text;
     for (std::size_t i = 0; i < words.size(); ++i) {
         if (i > 0) text += i + 1 < words.size() ? ", " : " or ";
@@ -54,7 +54,7 @@ std::string Joined(const std::vector<std::string>& words) {
 /// What a value may be, and what it is when it is not given.
 std::string ValueText(const ValueDescription& value, const std::string& defaultValue) {
     if (value.words.empty()) return "";
-    std::string text = value.name + " is " + Joined(value.words);
+    std::string text = value.name + " is " + Alternatives(value.words);
     if (!defaultValue.empty()) text += "; " + defaultValue + " when it is not given";
     return Sentence(text);
 }
@@ -75,7 +75,7 @@ std::string Item(const OptionDescription& option) {
 }
 
 /// The options of a command other than `--help`, which all of them have.
-std::string Options(const CommandDescription& command) {
+std::string OptionsOf(const CommandDescription& command) {
     std::string items;
     for (const OptionDescription& option : command.options) {
         if (!IsHelp(option)) items += Item(option);
@@ -110,7 +110,7 @@ std::string Commands(const CommandDescription& command, const std::string& path)
         for (const ArgumentDescription& argument : command.arguments) {
             item += ValueText(argument.value, "");
         }
-        return item + Options(command);
+        return item + OptionsOf(command);
     }
     std::string items;
     for (const CommandDescription& part : command.commands) {
@@ -147,7 +147,7 @@ std::string ManualPage(std::string_view outline, const CommandDescription& progr
     };
     std::vector<Part> parts = {
         {"%COMMANDS%", ".Bl -tag -width Ds\n" + Commands(program, "") + ".El\n"},
-        {"%OPTIONS%", Options(program)},
+        {"%OPTIONS%", OptionsOf(program)},
         {"%EXIT STATUS%", ExitStatus()},
         {"%EXAMPLES%", ExampleCalls()},
     };
