@@ -106,6 +106,19 @@ class Export {
             throw CliError(ExitCode::WrongCall, *options_.output + " exists", {},
                            "Name a new file, or replace this one with --force.");
         }
+        RequireNoneOfOthers();
+    }
+
+    /// The file to be replaced, under whatever name, is not the source or another target.
+    void RequireNoneOfOthers() const {
+        IFiles& files = services_.Machine().Files();
+        try {
+            if (!files.Exists(OutputPath()) || MayBeEntryFile(files.ReadAll(OutputPath()))) return;
+        } catch (const RunTimeError& error) {
+            RefuseFile(error);
+        }
+        throw CliError(ExitCode::WrongCall, *options_.output + " is no entry file", {},
+                       "Name another file, or remove this one.");
     }
 
     [[noreturn]] void RefuseFile(const RunTimeError& error) const {
@@ -229,6 +242,7 @@ class Export {
                                                    facade.Manufacturer(), facade.Device()));
             TellChangedForm(objects);
         } catch (const CliError& error) {
+            if (error.Code() != ExitCode::WrongCall) throw;  // nothing is known of the entry then
             Warn("the entry cannot be registered in its source as it is: " + std::string(error.what()));
         }
     }
@@ -271,7 +285,7 @@ class Export {
         try {
             IFiles& files = services_.Machine().Files();
             const auto lock = files.Lock(OutputPath());
-            if (!options_.mayReplace) RequireNewFile();
+            RequireNewFile();
             files.Replace(OutputPath(), text);
         } catch (const RunTimeError& error) {
             RefuseFile(error);

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cli/CliError.h"
 #include "cli/Console.h"
 #include "platform/Host.h"
 
@@ -25,8 +26,9 @@ class Report {
     /// @param path  against the working folder
     Report(Host& host, const std::string& path, std::optional<ReportFormat> format);
 
-    /// Looks beforehand whether the report can be written, and not over one of the `sources`.
-    /// @throws CliError 1 or 3, 2 for a source; nothing should be done then.
+    /// Looks beforehand whether the report can be written, and not over one of the `sources` or any other
+    /// file that is no report.
+    /// @throws CliError 1 or 3, 2 for such a file; nothing should be done then.
     void RequireWritable(const std::vector<std::string>& sources);
 
     /// Refuses a run that writes one of these files, absolute, itself; it has no report then.
@@ -38,6 +40,12 @@ class Report {
     ExitCode Write(Console& console, ExitCode code);
 
  private:
+    /// @throws CliError 2 for a file that is there and is none of a report: whatever its name, it is not
+    /// lost.
+    void RequireOwnFile() const;
+
+    /// @return why it could not be done
+    [[nodiscard]] std::optional<CliError> Replace(const std::string& content) const;
     [[nodiscard]] std::string Content(const nlohmann::ordered_json& document) const;
 
     Host& host_;

@@ -1,5 +1,6 @@
 #include "cli/VerifyCommand.h"
 
+#include <functional>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -50,8 +51,9 @@ class Verification {
             Compare(entry);
         }
         console_.document["differences"] = differences_;
-        console_.WriteNews(std::to_string(differences_) + " differences");
-        return isSame_ ? ExitCode::Done : ExitCode::TargetFailed;
+        const std::string failed = failures_ == 0 ? "" : ", " + std::to_string(failures_) + " not compared";
+        console_.WriteNews(std::to_string(differences_) + " differences" + failed);
+        return differences_ == 0 && failures_ == 0 ? ExitCode::Done : ExitCode::TargetFailed;
     }
 
  private:
@@ -60,16 +62,20 @@ class Verification {
         targets_ = Json::object();
         EntryObjects objects(services_, plan_, entry);
         if (options_.targets.database) {
-            CompareRowsOf(objects);
+            Compare("database", services_.DataSourceText(),
+                    [&] { return CompareDatabase(services_, plan_, objects); });
         } else {
             objects.Gather();
         }
         clsManufacturer& manufacturer = objects.Facade().Manufacturer();
         clsDevice& device = objects.Facade().Device();
-        if (ini_) Tell("ini", options_.iniPath, objects.PyxConfig().Compare(*ini_, manufacturer, device));
+        if (ini_) {
+            Compare("ini", options_.iniPath,
+                    [&] { return objects.PyxConfig().Compare(*ini_, manufacturer, device); });
+        }
         if (ddInstall_) {
-            Tell("ddinstall", options_.ddInstallPath,
-                 objects.DDInstall().Compare(*ddInstall_, manufacturer, device));
+            Compare("ddinstall", options_.ddInstallPath,
+                    [&] { return objects.DDInstall().Compare(*ddInstall_, manufacturer, device); });
         }
         console_.document["entries"].push_back({{"name", entry.source->name},
                                                 {"file", entry.path},
@@ -77,19 +83,28 @@ class Verification {
                                                 {"targets", std::move(targets_)}});
     }
 
-    void CompareRowsOf(EntryObjects& objects) {
-        const std::string place = services_.DataSourceText();
+    /// A target that cannot be compared does not keep the others from it.
+    void Compare(const char* key, const std::string& place,
+                 const std::function<std::vector<Difference>()>& compare) {
         try {
-            Tell("database", place, CompareDatabase(services_, plan_, objects));
+            Tell(key, place, compare());
         } catch (const CliError& error) {
-            isSame_ = false;
-            targets_["database"] = {{"target", place},
-                                    {"status", "failed"},
-                                    {"messages", error.Details()},
-                                    {"advice", error.Advice()}};
-            console_.WriteError(CliError(error.Code(), title_ + ": " + place + ": " + error.what(),
-                                         error.Details(), error.Advice()));
+            TellFailure(key, place, error);
+        } catch (const RunTimeError& error) {
+            TellFailure(key, place, CliError(ExitCode::TargetFailed, error.what(), error.Diagnostics()));
         }
+    }
+
+    void TellFailure(const char* key, const std::string& place, const CliError& error) {
+        ++failures_;
+        const std::string text = place + ": " + error.what();
+        std::vector<std::string> messages = error.Details();
+        if (messages.empty()) messages.push_back(text);
+        targets_[key] = {{"target", place},
+                         {"status", "failed"},
+                         {"messages", std::move(messages)},
+                         {"advice", error.Advice()}};
+        console_.WriteError(CliError(error.Code(), title_ + ": " + text, error.Details(), error.Advice()));
     }
 
     void Tell(const char* key, const std::string& place, const std::vector<Difference>& differences) {
@@ -98,7 +113,6 @@ class Verification {
         json["differences"] = Json::array();
         const std::string where = title_ + ": " + place + ": ";
         if (differences.empty()) return console_.WriteNews(where + "same");
-        isSame_ = false;
         differences_ += differences.size();
         for (const Difference& difference : differences) {
             json["differences"].push_back(DocumentOf(difference));
@@ -115,7 +129,7 @@ class Verification {
     std::string title_;  ///< of the entry under comparison
     Json targets_;       ///< its part of the document
     std::size_t differences_ = 0;
-    bool isSame_ = true;
+    std::size_t failures_ = 0;  ///< targets that could not be compared
 };
 
 }  // namespace

@@ -161,6 +161,11 @@ TEST_F(Exported, AFileIsReplacedOnlyWhenThatIsWanted) {
         world_, {"export", "--db", "--man-id", "E0", "-o", "none/out.ini"}, 3,
         "ventlock-cli: none/out.ini: Path not found \"<world>/entry/none/out.ini\": No such file or "
         "directory\n  Make the folder, or name another path.\n");
+    for (const std::string path : {"Ddinstal.ini", "./Pyx.ini"}) {
+        ExpectRefused(
+            world_, {"export", "--db", "--man-id", "E0", "-o", path, "--force"}, 2,
+            "ventlock-cli: " + path + " is no entry file\n  Name another file, or remove this one.\n");
+    }
     const ProgramResult forced = Export({"--db", "--man-id", "E0", "-o", "out.ini", "--force"});
     EXPECT_EQ(forced.out, "out.ini: written\n");
     const ProgramResult made = Export({"--db", "--man-id", "E0", "-o", "new.ini", "--quiet"});

@@ -181,7 +181,11 @@ TEST(Report, OfADryRunIsAllThatIsWritten) {
 TEST(Report, ReplacesAnOlderOneAndLeavesNothingBesideIt) {
     const World world;
     world.Write("entry.ini", kFlowEntry);
-    world.Write("out.xml", std::string(100000, 'x'));
+    ASSERT_EQ(world
+                  .Run({"register", "entry.ini", "--ini", "--ini-path", "Pyx.ini", "--report", "out.xml",
+                        "--report-format", "json"})
+                  .exitCode,
+              0);
     const ProgramResult result =
         world.Run({"register", "entry.ini", "--ini", "--ini-path", "Pyx.ini", "--report", "out.xml"});
     EXPECT_EQ(result.exitCode, 0) << result.err;
@@ -214,6 +218,41 @@ TEST(Report, ThatWouldOverwriteWhatTheRunReadsOrWritesIsRefused) {
                           ": the run itself reads or writes this file\n"
                           "  Name another file for the report.\n");
     }
+}
+
+TEST(Report, ReplacesNoFileThatIsNoReportWhateverItIsCalled) {
+    const World world;
+    world.MakeDatabase();
+    std::filesystem::create_directory(world.Path("devices"));
+    world.Write("devices/a.ini", kFlowEntry);
+    world.Write("entry.ini", kFlowEntry);
+    ASSERT_EQ(world.Run(kRegisterEntry).exitCode, 0);
+    for (const std::string path :
+         {"./entry.ini", "./Pyx.ini", "devices/../Ddinstal.ini", "Pyx.ini.bak", "device.db"}) {
+        ExpectRefused(world, With(kRegisterEntry, {"--report", path}), 2,
+                      "ventlock-cli: report " + path +
+                          ": there is a file that is no report\n"
+                          "  Name another file for the report, or remove this one.\n");
+    }
+    EXPECT_EQ(world.Run({"verify", "devices", "--db", "--report", "devices/a.ini"}).exitCode, 2);
+    EXPECT_EQ(world.Read("devices/a.ini"), kFlowEntry);
+    EXPECT_EQ(world
+                  .Run({"register", "entry.ini", "--ini", "--one-transaction", "--ini-path", "Pyx.ini",
+                        "--report", "Pyx.ini"})
+                  .exitCode,
+              2);
+    EXPECT_EQ(world.Run({"verify", "entry.ini", "--ini", "--ini-path", "Pyx.ini"}).exitCode, 0);
+}
+
+TEST(Report, IsNotWrittenOverATargetThatTheRunItselfHasMade) {
+    const World world;
+    world.Write("entry.ini", kFlowEntry);
+    const ProgramResult result =
+        world.Run({"register", "entry.ini", "--ini", "--ini-path", "Pyx.ini", "--report", "./Pyx.ini"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_NE(result.err.find("report ./Pyx.ini: there is a file that is no report"), std::string::npos)
+        << result.err;
+    EXPECT_EQ(world.Run({"verify", "entry.ini", "--ini", "--ini-path", "Pyx.ini"}).exitCode, 0);
 }
 
 TEST(Report, NeedsAFileForItsFormat) {

@@ -77,6 +77,17 @@ TEST_F(Verified, WhatWasRegisteredIsTheSameInAllTargets) {
     EXPECT_EQ(world_.Run(With(Verify({"--all"}), {"--quiet"})).out, "");
 }
 
+TEST_F(Verified, ATargetThatCannotBeComparedIsToldAndTheOthersAreCompared) {
+    world_.Write("Ddinstal.ini", "[General]\r\nNumOfMfg=9e9\r\n");
+    const ProgramResult result = world_.Run(Verify({"--all"}));
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out,
+              "[Flow] flow.ini:1: data source \"PYX\": same\n"
+              "[Flow] flow.ini:1: <world>/entry/Pyx.ini: same\n"
+              "0 differences, 1 not compared\n");
+    EXPECT_EQ(result.err, "ventlock-cli: [Flow] flow.ini:1: <world>/entry/Ddinstal.ini: Overflow\n");
+}
+
 TEST_F(Verified, EveryColumnThatDiffersIsTold) {
     Change("UPDATE Manufacturers SET Name = 'ACME', Description = NULL");
     Change("UPDATE DeviceTypes SET Name = 'Flow ', Description = 'other'");

@@ -77,8 +77,10 @@ expect "bash: no other file" "<ventlock-cli><register><no>" "$(completed bash "v
 
 expect "fish: commands" "check	Check entry files by every rule
 database	Make and look into device databases
+export	Write an entry file from what the database or Ddinstal.ini holds of a device
 register	Write entries to the database and the files
-settings	Show and change the stored settings" "$(completed_by_fish "ventlock-cli ")"
+settings	Show and change the stored settings
+verify	Compare entries with what the database and the files hold; nothing is written" "$(completed_by_fish "ventlock-cli ")"
 expect "fish: data sources" "My source	Some driver
 Plain	Another" "$(completed_by_fish "ventlock-cli register --dsn ")"
 expect "fish: more of a data source with a blank" "My source	Some driver" \
