@@ -6,13 +6,14 @@
 #include "cli/CliError.h"
 #include "cli/DatabaseComparison.h"
 #include "cli/EntryFiles.h"
+#include "cli/ShownText.h"
 #include "db/SchemaVersion.h"
 
 namespace ventlock {
 namespace {
 
 std::string Quoted(const std::string& text) {
-    return "\"" + text + "\"";
+    return "\"" + ShownWord(text) + "\"";
 }
 
 }  // namespace

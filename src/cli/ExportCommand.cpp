@@ -66,7 +66,7 @@ class Export {
         if (options_.isList) return List();
         if (devices_.size() != 1) RefuseChoice();
         FileEntry entry = EntryOf(devices_.front());
-        for (const auto& [key, text] : more) entry.values[key] = {text, 0};
+        for (const auto& [key, text] : more) Set(entry, key, text);
         const std::string text = TextOf(entry);
         TellLosses(text);
         Write(entry, text);
@@ -170,9 +170,9 @@ class Export {
             std::to_array<std::string_view>({"ManID", "DevID", "DevRev", "ProtID", "ManName", "DevName"});
         const auto write = [&](auto&& textOf) {
             std::string line;
-            for (const std::string_view column : kColumns) {
-                line.append(line.empty() ? "" : "\t").append(textOf(column));
-            }
+            for (const std::string_view column : kColumns)
+                line.append(ShownWord(textOf(column))).append("\t");
+            line.pop_back();
             console_.WriteLine(line);
         };
         auto& list = console_.document["devices"] = Json::array();
@@ -201,11 +201,23 @@ class Export {
                 const std::string id = TextAt(device, option.key);
                 if (!id.empty()) line.append(option.name).append(" ").append(id).append(" ");
             }
-            matches.push_back(line + " " + TextAt(device, "ManName") + ", " + TextAt(device, "DevName"));
+            matches.push_back(line + " " + ShownWord(TextAt(device, "ManName")) + ", " +
+                              ShownWord(TextAt(device, "DevName")));
         }
         throw CliError(ExitCode::WrongCall,
                        source_ + ": " + std::to_string(devices_.size()) + " devices match", matches,
                        "Choose one with --man-id, --dev-id, --dev-rev and --prot-id.");
+    }
+
+    /// A list's item is told by its name or its id: the one that is given takes the other's place.
+    static void Set(FileEntry& entry, const std::string& key, const std::string& text) {
+        constexpr auto kEither = std::to_array<std::pair<std::string_view, std::string_view>>(
+            {{"Protocol", "ProtID"}, {"MajorCategory", "DevCatID"}, {"MinorCategory", "DevMinCatID"}});
+        for (const auto& [name, id] : kEither) {
+            if (key == name) entry.values.erase(std::string(id));
+            if (key == id) entry.values.erase(std::string(name));
+        }
+        entry.values[key] = {text, 0};
     }
 
     static FileEntry EntryOf(const DeviceTexts& device) {

@@ -7,13 +7,15 @@
 namespace ventlock {
 namespace {
 
-/// True for the character at `at` when a terminal would act on it instead of showing it. Line ends and tabs
-/// may stay.
-bool IsCommand(std::string_view text, std::size_t at) {
-    const auto c = static_cast<unsigned char>(text[at]);
-    if (c == '\n' || c == '\t') return false;
-    if (c == '\r') return at + 1 < text.size() && text[at + 1] != '\n';
-    return c < 0x20 || c == 0x7F;
+/// True for a character of one byte that a terminal would act on instead of showing it.
+bool IsControl(char c) {
+    return static_cast<unsigned char>(c) < 0x20 || c == '\x7F';
+}
+
+/// True where a text for people may have a line end or a tab.
+bool IsLayout(std::string_view text, std::size_t at) {
+    if (text[at] == '\r') return at + 1 == text.size() || text[at + 1] == '\n';
+    return text[at] == '\n' || text[at] == '\t';
 }
 
 /// True when a two-byte control character, U+0080 to U+009F, begins at `at`.
@@ -23,13 +25,11 @@ bool IsWideCommand(std::string_view text, std::size_t at) {
     return next >= 0x80 && next < 0xA0;
 }
 
-}  // namespace
-
-std::string ShownText(std::string_view text) {
+std::string Shown(std::string_view text, bool hasLayout) {
     std::string shown;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const bool isWide = IsWideCommand(text, at);
-        if (!isWide && !IsCommand(text, at)) {
+        if (!isWide && (!IsControl(text[at]) || (hasLayout && IsLayout(text, at)))) {
             shown += text[at];
             continue;
         }
@@ -39,6 +39,16 @@ std::string ShownText(std::string_view text) {
         shown += code.data();
     }
     return shown;
+}
+
+}  // namespace
+
+std::string ShownText(std::string_view text) {
+    return Shown(text, true);
+}
+
+std::string ShownWord(std::string_view text) {
+    return Shown(text, false);
 }
 
 }  // namespace ventlock

@@ -9,4 +9,7 @@ namespace ventlock {
 /// paths come from files that anybody may have made. All other bytes stay.
 std::string ShownText(std::string_view text);
 
+/// The same with line ends and tabs written out as well: for a name or value, which must not look like more.
+std::string ShownWord(std::string_view text);
+
 }  // namespace ventlock

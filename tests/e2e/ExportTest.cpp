@@ -139,6 +139,24 @@ TEST_F(Exported, WhatTheSourceDoesNotHoldIsGivenByOptions) {
     }
 }
 
+TEST_F(Exported, AnItemIsGivenByItsNameOrItsId) {
+    const ProgramResult result =
+        Export({"--db", "--man-id", "E0", "--set", "Protocol=HART", "-o", "out.ini"});
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(world_.Read("out.ini").find("ProtID="), std::string::npos) << world_.Read("out.ini");
+    EXPECT_EQ(world_.Run({"check", "out.ini", "--db"}).exitCode, 0);
+}
+
+TEST_F(Exported, NamesThatLookLikeMoreAreWrittenOut) {
+    world_.Database().Execute(
+        "UPDATE Manufacturers SET Name = 'Best' || char(10) || '27' || char(9) || 'x' "
+        "WHERE Name LIKE 'Best%'");
+    const ProgramResult result = Export({"--db", "--man-id", "E0", "--list"});
+    EXPECT_NE(result.out.find("\tBest\\x0A27\\x09x\t"), std::string::npos) << result.out;
+    const ProgramResult compared = world_.Run({"verify", "devices.ini", "--db"});
+    EXPECT_NE(compared.out.find("found \"Best\\x0A27\\x09x\"\n"), std::string::npos) << compared.out;
+}
+
 TEST_F(Exported, SeveralMatchesAreListedAndRefused) {
     const std::string text = "data source \"PYX\": 2 devices match";
     ExpectRefused(world_, {"export", "--db", "--man-id", "26", "--dev-rev", "1"}, 2,
