@@ -85,7 +85,8 @@ TEST(Report, ThatFailsAfterAllIsAnErrorOfItsOwnBesideTheRunsResult) {
         EXPECT_FALSE(std::filesystem::exists(host.folder / "out.xml"));
         EXPECT_TRUE(std::filesystem::exists(host.folder / "Pyx.ini"));
         if (!isJson) {
-            EXPECT_EQ(answer.out, "[A] entry.ini:1: " + (host.folder / "Pyx.ini") + ": written\n");
+            EXPECT_EQ(answer.out,
+                      "[A] entry.ini:1: " + host.paths.Join(host.folder.Path(), "Pyx.ini") + ": written\n");
             EXPECT_EQ(
                 answer.err,
                 "ventlock-cli: report out.xml: Disk full \"out.xml\": full\n  Make room on the disk.\n");
