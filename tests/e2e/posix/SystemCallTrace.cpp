@@ -6,6 +6,7 @@
 #include <regex>
 #include <set>
 #include <sstream>
+#include <utility>
 
 namespace ventlock::test {
 namespace {
@@ -36,6 +37,50 @@ ProgramResult RunTraced(const World& world, const std::vector<std::string>& argu
     return world.Finished(call);
 }
 
+/// The path from the working folder, "./Pyx.ini", that a traced call names or has open; "" when it has to do
+/// with none in there.
+std::string FileOf(const std::string& line, const std::string& place) {
+    static const std::regex kText("[\"<](/[^\">]*)[\">]");
+    static const std::regex kMadeUp("[0-9a-f]{32}");
+    for (std::sregex_iterator text(line.begin(), line.end(), kText), end; text != end; ++text) {
+        const std::string path = (*text)[1];
+        const bool isWorkingFolderOnly = text->prefix().str().ends_with("AT_FDCWD");
+        if (isWorkingFolderOnly || (path != place && !path.starts_with(place + "/"))) continue;
+        return "." + std::regex_replace(path.substr(place.size()), kMadeUp, "*");
+    }
+    return "";
+}
+
+std::string PlaceOf(const World& world) {
+    return world.Path("").substr(0, world.Path("").size() - 1);
+}
+
+struct Trace {
+    std::vector<SystemCall> calls;   ///< on the world
+    std::vector<SystemCall> failed;  ///< of these, the ones the tracer made fail
+    std::set<std::string> processes;
+};
+
+Trace ReadTrace(const std::string& text, const std::string& place) {
+    static const std::regex kCall(R"(^(\d+) +(\w+)\()");
+    Trace trace;
+    std::map<std::string, std::size_t> ordinals;
+    std::map<std::pair<std::string, std::string>, std::size_t> nths;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        std::smatch parts;
+        if (!std::regex_search(line, parts, kCall)) continue;
+        trace.processes.insert(parts[1]);
+        const std::string name = parts[2];
+        const std::size_t ordinal = ++ordinals[name];
+        const std::string file = FileOf(line, place);
+        if (file.empty()) continue;
+        trace.calls.push_back({name, ordinal, file, ++nths[{name, file}], line});
+        if (line.find("(INJECTED)") != std::string::npos) trace.failed.push_back(trace.calls.back());
+    }
+    return trace;
+}
+
 }  // namespace
 
 std::vector<SystemCall> TracedCalls(const World& world, const std::vector<std::string>& arguments) {
@@ -44,35 +89,24 @@ std::vector<SystemCall> TracedCalls(const World& world, const std::vector<std::s
         RunTraced(world, arguments, {"-o", folder / "trace", "-e", std::string("trace=") + kFileCalls});
     EXPECT_EQ(result.exitCode, 0) << result.err;
 
-    const std::string place = world.Path("").substr(0, world.Path("").size() - 1);
-    static const std::regex kCall(R"(^(\d+) +(\w+)\()");
-    std::vector<SystemCall> calls;
-    std::map<std::string, std::size_t> counts;
-    std::set<std::string> processes;
-    std::istringstream lines(ReadBytes(folder / "trace"));
-    for (std::string line; std::getline(lines, line);) {
-        std::smatch parts;
-        if (!std::regex_search(line, parts, kCall)) continue;
-        processes.insert(parts[1]);
-        const std::string name = parts[2];
-        const std::size_t ordinal = ++counts[name];
-        const bool isNamed = line.find("\"" + place + "/") != std::string::npos ||
-                             line.find("\"" + place + "\"") != std::string::npos;
-        static const std::regex kDescriptor(R"(\(\d+<([^>]*)>)");
-        std::smatch file;
-        const bool isOpen = std::regex_search(line, file, kDescriptor) && file[1].str().starts_with(place);
-        if (isNamed || isOpen) calls.push_back({name, ordinal, line});
-    }
+    Trace trace = ReadTrace(ReadBytes(folder / "trace"), PlaceOf(world));
     // The tracer counts calls for each thread; an ordinal means something only when there is one.
-    EXPECT_EQ(processes.size(), 1U);
-    return calls;
+    EXPECT_EQ(trace.processes.size(), 1U);
+    return std::move(trace.calls);
 }
 
-ProgramResult RunWithFault(const World& world, const std::vector<std::string>& arguments,
-                           const SystemCall& call, const std::string& error) {
-    return RunTraced(world, arguments,
-                     {"-o", "/dev/null", "-e", "trace=" + call.name, "-e",
-                      "inject=" + call.name + ":error=" + error + ":when=" + std::to_string(call.ordinal)});
+std::optional<ProgramResult> RunWithFault(const World& world, const std::vector<std::string>& arguments,
+                                          const SystemCall& call, const std::string& error) {
+    const TempFolder folder;
+    ProgramResult result =
+        RunTraced(world, arguments,
+                  {"-o", folder / "trace", "-e", "trace=" + call.name, "-e",
+                   "inject=" + call.name + ":error=" + error + ":when=" + std::to_string(call.ordinal)});
+    const Trace trace = ReadTrace(ReadBytes(folder / "trace"), PlaceOf(world));
+    const bool isHit = trace.failed.size() == 1 && trace.failed.front().file == call.file &&
+                       trace.failed.front().nth == call.nth;
+    if (!isHit) return std::nullopt;
+    return result;
 }
 
 }  // namespace ventlock::test
