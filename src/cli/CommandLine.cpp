@@ -86,7 +86,7 @@ ExitCode RunCommandLine(const std::vector<std::string>& arguments, Host& host, s
         return ExitCode::Done;
     }
     try {
-        grammar.App().parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        grammar.Parse(arguments);
     } catch (const CLI::Success& asked) {
         std::ostringstream text;
         grammar.App().exit(asked, text, text);

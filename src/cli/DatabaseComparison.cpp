@@ -93,8 +93,9 @@ class Comparison {
                     key.push_back(value);
             }
             TellRepeated(table, key);
-            CompareRow(table, key, values);
+            return CompareRow(table, key, values);
         }
+        throw RunTimeError(ErrorNumber::InternalError, entry.statement);
     }
 
     void CompareRow(std::string_view table, const std::vector<ColumnValue>& key,

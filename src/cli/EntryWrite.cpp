@@ -19,9 +19,7 @@ std::string ValueText(const RecordValue& value) {
 }  // namespace
 
 EntryWrite::EntryWrite(RegisterRun& run, const PlannedEntry& entry)
-    : run_(run),
-      entry_(entry),
-      title_("[" + entry.source->name + "] " + entry.path + ":" + std::to_string(entry.source->line)) {}
+    : run_(run), entry_(entry), title_(TitleOf(entry)) {}
 
 void EntryWrite::MakeObjects() {
     objects_ = std::make_unique<EntryObjects>(run_.services, run_.plan, entry_);

@@ -1,6 +1,8 @@
 #include "cli/Grammar.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 #include "cli/CheckCommand.h"
@@ -59,6 +61,17 @@ std::vector<std::string> TypedNames(const CLI::Option& option) {
     return names;
 }
 
+/// Behind a value in brackets, which the parser would take for a list; no argument can hold it itself.
+constexpr char kMark = '\0';
+
+std::string WithMark(const std::string& argument) {
+    return argument.starts_with('[') && argument.ends_with(']') ? argument + kMark : argument;
+}
+
+std::string WithoutMark(const std::string& text) {
+    return text.ends_with(kMark) ? text.substr(0, text.size() - 1) : text;
+}
+
 }  // namespace
 
 Grammar::Grammar(Host& host) : host_(host), app_(kDescription, "ventlock-cli") {
@@ -77,6 +90,12 @@ Grammar::Grammar(Host& host) : host_(host), app_(kDescription, "ventlock-cli") {
     AddCheck();
     AddDatabase();
     AddSettings();
+}
+
+void Grammar::Parse(const std::vector<std::string>& arguments) {
+    std::vector<std::string> marked;  // last one first, as the parser takes them
+    std::transform(arguments.rbegin(), arguments.rend(), std::back_inserter(marked), WithMark);
+    app_.parse(std::move(marked));
 }
 
 StatementMode Grammar::Mode() const {
@@ -100,7 +119,7 @@ void Grammar::Set(CLI::App* command, const std::string& name, Command action) {
 CLI::Option* Grammar::Takes(CLI::Option* option, ValueDescription value) {
     if (option->nonpositional()) option->type_name(value.name);
     values_[option] = std::move(value);
-    return option;
+    return option->transform([](const std::string& text) { return WithoutMark(text); }, "");
 }
 
 CLI::Option* Grammar::TakesWord(CLI::Option* option, const std::string& valueName,
@@ -108,11 +127,11 @@ CLI::Option* Grammar::TakesWord(CLI::Option* option, const std::string& valueNam
     return Takes(option, {valueName, ValueSource::Words, words})->check(CLI::IsMember(words));
 }
 
-void Grammar::AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
-                      const std::string& description, const ValueDescription& value) {
-    Takes(command->add_option_function<std::string>(
-              name, [&text](const std::string& given) { text = given; }, description),
-          value);
+CLI::Option* Grammar::AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
+                              const std::string& description, const ValueDescription& value) {
+    return Takes(command->add_option_function<std::string>(
+                     name, [&text](const std::string& given) { text = given; }, description),
+                 value);
 }
 
 void Grammar::AddTargets(CLI::App* command, const std::string& verb) {
@@ -212,10 +231,13 @@ void Grammar::AddExport() {
                             "KEY=VALUE of the entry, for what the source does not hold; any number of them"),
         {"KEY=VALUE", ValueSource::Free, {}})
         ->expected(1)
-        ->take_all();
+        ->take_all()
+        ->excludes("--list");
     AddText(command, "--output,-o", options.output, "File for the entry (default: stdout)",
-            {"FILE", ValueSource::Files, {}});
-    command->add_flag("--force", options.mayReplace, "The file may be there and is replaced");
+            {"FILE", ValueSource::Files, {}})
+        ->excludes("--list");
+    command->add_flag("--force", options.mayReplace, "The file may be there and is replaced")
+        ->excludes("--list");
     AddDataSource(command);
     AddDDInstallPath(command);
     Set(command, "export", [this](Services& services, Console& console) {

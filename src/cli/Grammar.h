@@ -55,6 +55,10 @@ class Grammar {
     explicit Grammar(Host& host);
 
     CLI::App& App() { return app_; }
+
+    /// @throws CLI::ParseError for a call that cannot be understood, CLI::Success for help and version.
+    void Parse(const std::vector<std::string>& arguments);
+
     [[nodiscard]] const Options& Given() const { return given_; }
     [[nodiscard]] const Command& Wanted() const { return wanted_; }
     [[nodiscard]] const std::string& Name() const { return name_; }
@@ -82,8 +86,8 @@ class Grammar {
                            const std::vector<std::string>& words);
 
     /// An option whose empty text is kept apart from no text at all.
-    void AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
-                 const std::string& description, const ValueDescription& value);
+    CLI::Option* AddText(CLI::App* command, const std::string& name, std::optional<std::string>& text,
+                         const std::string& description, const ValueDescription& value);
     void AddTargets(CLI::App* command, const std::string& verb);
     void AddDDInstallPath(CLI::App* command);
     void AddDataSource(CLI::App* command);

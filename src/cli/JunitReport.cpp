@@ -1,8 +1,6 @@
 #include "cli/JunitReport.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <pugixml.hpp>
 #include <sstream>
 #include <vector>
@@ -32,13 +30,6 @@ std::string XmlText(std::string_view text) {
     return xml;
 }
 
-std::string TimeText(const LocalTime& time) {
-    std::array<char, 80> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02dT%02d:%02d:%02d", time.year, time.month, time.day,
-                  time.hour, time.minute, time.second);
-    return text.data();
-}
-
 std::string Joined(const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
@@ -62,15 +53,19 @@ void SetCounts(pugi::xml_node node, const std::string& name, const std::vector<R
     Set(node, "skipped", count(Outcome::Skipped));
 }
 
-void AddTargets(pugi::xml_node suite, const Json& document) {
-    const Json targets = document.value("targets", Json::object());
-    if (targets.empty()) return;
+void AddProperties(pugi::xml_node suite, const Json& document) {
     pugi::xml_node properties = suite.append_child("properties");
-    for (const auto& [key, place] : targets.items()) {
+    const auto add = [&](std::string_view name, const std::string& value) {
         pugi::xml_node property = properties.append_child("property");
-        Set(property, "name", key);
-        Set(property, "value", place.get<std::string>());
-    }
+        Set(property, "name", name);
+        Set(property, "value", value);
+    };
+    const Json targets = document.value("targets", Json::object());
+    for (const auto& [key, place] : targets.items()) add(key, place.get<std::string>());
+    for (const std::string& path : LeftOut(document)) add("leftOut", path);
+    const std::string transaction = TransactionStatus(document);
+    if (!transaction.empty()) add("transaction", transaction);
+    if (!properties.first_child()) suite.remove_child(properties);
 }
 
 void AddCase(pugi::xml_node suite, const std::string& command, const ReportCase& result) {
@@ -108,8 +103,8 @@ std::string JunitReport(const Json& document, const LocalTime& begin) {
     SetCounts(suites, name, cases);
     pugi::xml_node suite = suites.append_child("testsuite");
     SetCounts(suite, name, cases);
-    Set(suite, "timestamp", TimeText(begin));
-    AddTargets(suite, document);
+    Set(suite, "timestamp", TimeText(begin, 'T'));
+    AddProperties(suite, document);
     for (const ReportCase& result : cases) AddCase(suite, command, result);
     std::ostringstream text;
     xml.save(text, "  ", pugi::format_default, pugi::encoding_utf8);

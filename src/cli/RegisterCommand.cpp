@@ -13,8 +13,7 @@ bool WriteDatabase(RegisterRun& run, const PlannedEntry& planned, EntryWrite& en
     Restarts restarts(Restarts::Of::Entry);
     TargetResult result = entry.TryDatabase(false);
     while (!result.isWritten && entry.MayStartAnew() && restarts.StartAnew(run.services.Journal())) {
-        const std::string text = "[" + planned.source->name + "] " + planned.path +
-                                 ": another program was first; the entry is started anew.";
+        const std::string text = TitleOf(planned) + ": another program was first; the entry is started anew.";
         run.services.Log().Log(text, {}, {}, Variant(int{kLogToFile}));
         result = entry.TryDatabase(restarts.MetLeftRow());
     }

@@ -6,10 +6,15 @@
 
 #include "cli/Advice.h"
 #include "cli/CliError.h"
+#include "cli/ShownText.h"
 #include "db/ReferenceLists.h"
 #include "db/SchemaVersion.h"
 
 namespace ventlock {
+
+std::string TitleOf(const PlannedEntry& entry) {
+    return ShownWord("[" + entry.source->name + "] " + entry.path) + ":" + std::to_string(entry.source->line);
+}
 
 RegisterPlan::RegisterPlan(Services& services, const PlanOptions& options, Console& console)
     : services_(services), options_(options), console_(console) {}

@@ -21,6 +21,9 @@ struct PlannedEntry {
     EntryForm form;
 };
 
+/// "[name] file:line", as messages name an entry, on one line whatever the file is called.
+std::string TitleOf(const PlannedEntry& entry);
+
 /// The connected database and what its lists hold.
 struct ConnectedDatabase {
     std::unique_ptr<clsTavDB> facade;  ///< that of the start

@@ -1,6 +1,9 @@
 #include "cli/ReportCases.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
+#include <map>
 #include <utility>
 
 namespace ventlock {
@@ -77,6 +80,15 @@ void AddError(const Json& document, std::vector<ReportCase>& cases) {
     cases.push_back(std::move(result));
 }
 
+/// Build servers know a result by its file and name: those that share both are counted.
+void TellApart(std::vector<ReportCase>& cases) {
+    std::map<std::pair<std::string, std::string>, int> counts;
+    for (ReportCase& result : cases) {
+        const int count = ++counts[{result.file, result.name}];
+        if (count > 1) result.name += " (" + std::to_string(count) + ")";
+    }
+}
+
 }  // namespace
 
 std::string_view TargetName(std::string_view key) {
@@ -84,11 +96,27 @@ std::string_view TargetName(std::string_view key) {
     return key == "ddinstall" ? "Ddinstal.ini" : key;
 }
 
+std::vector<std::string> LeftOut(const Json& document) {
+    return TextsAt(document, "leftOut");
+}
+
+std::string TransactionStatus(const Json& document) {
+    return TextAt(document.value("transaction", Json::object()), "status");
+}
+
+std::string TimeText(const LocalTime& time, char between) {
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d%c%02d:%02d:%02d", time.year, time.month, time.day,
+                  between, time.hour, time.minute, time.second);
+    return text.data();
+}
+
 std::vector<ReportCase> ReportCases(const Json& document) {
     std::vector<ReportCase> cases;
     for (const Json& finding : ListAt(document, "findings")) AddFinding(finding, cases);
     for (const Json& entry : ListAt(document, "entries")) AddEntry(entry, cases);
     AddError(document, cases);
+    TellApart(cases);
     return cases;
 }
 

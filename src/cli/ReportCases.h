@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/IClock.h"
+
 namespace ventlock {
 
 /// One result of a run, as reports tell it: an entry in one of its targets, a finding, or what ended the run.
@@ -22,6 +24,15 @@ struct ReportCase {
 
 /// The name of a target by its key in a document: "Pyx.ini" for "ini".
 std::string_view TargetName(std::string_view key);
+
+/// The files of a folder that the run did not take for entry files.
+std::vector<std::string> LeftOut(const nlohmann::ordered_json& document);
+
+/// What became of the transaction of all entries, "committed" for one; "" for a run without.
+std::string TransactionStatus(const nlohmann::ordered_json& document);
+
+/// "2026-01-02", what is between, "03:04:05"
+std::string TimeText(const LocalTime& time, char between);
 
 /// All results that a command's document tells, in its order.
 std::vector<ReportCase> ReportCases(const nlohmann::ordered_json& document);

@@ -1,8 +1,5 @@
 #include "cli/TextReport.h"
 
-#include <array>
-#include <cstdio>
-
 #include "cli/ReportCases.h"
 #include "cli/ShownText.h"
 
@@ -11,13 +8,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 using Outcome = ReportCase::Outcome;
-
-std::string TimeText(const LocalTime& time) {
-    std::array<char, 80> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d", time.year, time.month, time.day,
-                  time.hour, time.minute, time.second);
-    return text.data();
-}
 
 std::string CaseLines(const ReportCase& result) {
     std::string text = result.file;
@@ -31,12 +21,15 @@ std::string CaseLines(const ReportCase& result) {
 
 std::string TextReport(const Json& document, const LocalTime& begin) {
     std::string text =
-        "ventlock-cli " + document.value("command", std::string()) + ", " + TimeText(begin) + "\n";
+        "ventlock-cli " + document.value("command", std::string()) + ", " + TimeText(begin, ' ') + "\n";
     if (document.value("dryRun", false)) text += "Nothing was written; this is what would be.\n";
     const Json targets = document.value("targets", Json::object());
     for (const auto& [key, place] : targets.items()) {
         text += std::string(TargetName(key)) + ": " + place.get<std::string>() + "\n";
     }
+    for (const std::string& path : LeftOut(document)) text += "left out: " + path + "\n";
+    const std::string transaction = TransactionStatus(document);
+    if (!transaction.empty()) text += "transaction: " + transaction + "\n";
     text += "\n";
     int passed = 0;
     int failed = 0;

@@ -58,7 +58,7 @@ class Verification {
 
  private:
     void Compare(const PlannedEntry& entry) {
-        title_ = "[" + entry.source->name + "] " + entry.path + ":" + std::to_string(entry.source->line);
+        title_ = TitleOf(entry);
         targets_ = Json::object();
         EntryObjects objects(services_, plan_, entry);
         if (options_.targets.database) {

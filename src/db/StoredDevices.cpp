@@ -19,9 +19,9 @@ constexpr std::string_view kCurrentDevices =
     "SELECT P.MfrId AS ManID, M.Name AS ManName, M.Description AS ManDesc, P.ProtocolId AS ProtID, "
     "T.DeviceType AS DevID, T.Name AS DevName, T.Description AS DevDesc, R.DeviceRevision AS DevRev, "
     "R.Name AS DevRevName, R.Description AS DevRevDesc, R.DeviceCategoryId AS CatID "
-    "FROM DeviceRevisions R JOIN DeviceTypes T ON T.TavDevTypeId = R.TavDevTypeId "
-    "JOIN MfrProtocols P ON P.MfrProtocolId = T.MfrProtocolId "
-    "JOIN Manufacturers M ON M.TavMfrNameId = P.TavMfrNameId ORDER BY R.TavDevRevId";
+    "FROM DeviceRevisions R LEFT JOIN DeviceTypes T ON T.TavDevTypeId = R.TavDevTypeId "
+    "LEFT JOIN MfrProtocols P ON P.MfrProtocolId = T.MfrProtocolId "
+    "LEFT JOIN Manufacturers M ON M.TavMfrNameId = P.TavMfrNameId ORDER BY R.TavDevRevId";
 constexpr std::string_view kOldDevices =
     "SELECT P.DevMfrId AS ManID, M.MfrIdName AS ManName, P.DevType AS DevID, P.DevName AS DevName, "
     "P.DevRev AS DevRev, P.DevDDLRev AS DDRev, P.DevProtocolRev AS ProtRev "

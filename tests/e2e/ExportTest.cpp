@@ -285,6 +285,19 @@ TEST_F(ExportedOldSchema, HoldsWhatItsTablesHold) {
     EXPECT_EQ(world_.AllRows(), rows);
 }
 
+TEST_F(Exported, RevisionsThatNothingLeadsToAreListedAsWell) {
+    const auto listed = [&] { return world_.Run({"export", "--db", "--list"}).out; };
+    const std::string titles = "ManID\tDevID\tDevRev\tProtID\tManName\tDevName\n";
+    world_.Database().Execute("PRAGMA foreign_keys = OFF");
+    world_.Database().Execute("DELETE FROM DeviceRevisions WHERE TavDevRevId > 1");
+    world_.Database().Execute("DELETE FROM Manufacturers");
+    EXPECT_EQ(listed(), titles + "26\t0A\t01\t0\t\tFlow\n");
+    world_.Database().Execute("DELETE FROM MfrProtocols");
+    EXPECT_EQ(listed(), titles + "\t0A\t01\t\t\tFlow\n");
+    world_.Database().Execute("DELETE FROM DeviceTypes");
+    EXPECT_EQ(listed(), titles + "\t\t01\t\t\t\n");
+}
+
 TEST(Export, OfASourceThatCannotBeReachedEndsWithCode3) {
     const World world;
     ExpectRefused(
@@ -304,6 +317,13 @@ TEST(Export, OfAWrongCallEndsWithCode2) {
     world.Write("d.ini", "");
     ExpectRefused(world, {"export", "--ddinstall", "--ddinstall-path", "d.ini", "--man-id", "x"}, 2,
                   "ventlock-cli: --man-id \"x\" is no id\n  Give hexadecimal digits, 0A for one.\n");
+    for (const std::vector<std::string>& writing :
+         {std::vector<std::string>{"--output", "a.ini"}, std::vector<std::string>{"--set", "DLLName=d"},
+          std::vector<std::string>{"--force"}}) {
+        ExpectRefused(
+            world, With({"export", "--ddinstall", "--ddinstall-path", "d.ini", "--list"}, writing), 2,
+            "ventlock-cli: --list excludes " + writing.front() + "\n  See \"ventlock-cli --help\".\n");
+    }
 }
 
 }  // namespace

@@ -114,6 +114,28 @@ TEST(Folder, KeepsTheBytesOfNamesThatAreNoUtf8) {
     EXPECT_EQ(result.out, "[26] caf\xE9/fl\xFCss.ini:1: <world>/entry/Pyx.ini: written\n");
 }
 
+TEST(Folder, MayBeNamedInBrackets) {
+    const World world;
+    std::filesystem::create_directory(world.Path("[new]"));
+    world.Write("[new]/[a,b].ini", Entry("26"));
+    const std::string line = "[26] [new]/[a,b].ini:1: <world>/entry/Pyx.ini: written\n";
+    const ProgramResult folder = world.Run(Register({"[new]"}));
+    EXPECT_EQ(folder.exitCode, 0) << folder.err;
+    EXPECT_EQ(folder.out, line);
+    world.Write("[a,b]", Entry("27"));
+    const ProgramResult file = world.Run(Register({"[a,b]"}));
+    EXPECT_EQ(file.exitCode, 0) << file.err;
+    EXPECT_EQ(file.out, "[27] [a,b]:1: <world>/entry/Pyx.ini: written\n");
+}
+
+TEST(Folder, WhoseNamesHoldLineEndsMakesNoLinesOfItsOwn) {
+    const World world;
+    world.Write("a\n[27] b.ini", Entry("26"));
+    const ProgramResult result = world.Run(Register({"a\n[27] b.ini"}));
+    EXPECT_EQ(result.exitCode, 0) << result.err;
+    EXPECT_EQ(result.out, "[26] a\\x0A[27] b.ini:1: <world>/entry/Pyx.ini: written\n");
+}
+
 TEST(Folder, WithoutEntryFilesIsRefusedWithCode2) {
     const World world;
     std::filesystem::create_directory(world.Path("devices"));

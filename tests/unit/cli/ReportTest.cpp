@@ -44,6 +44,43 @@ TEST(Report, TellsWhenTheRunBegan) {
               "</testsuites>\n");
 }
 
+TEST(Report, TellsApartWhatHasOneName) {
+    const Json finding = {
+        {"file", "a.ini"}, {"line", 2}, {"id", "too-long"}, {"severity", "warning"}, {"text", "t"}};
+    Json other = finding;
+    other["file"] = "b.ini";
+    const Json document = {
+        {"command", "check"}, {"exitCode", 0}, {"findings", {finding, other, finding, finding}}};
+    pugi::xml_document xml;
+    const std::string text = JunitReport(document, kBegin);
+    ASSERT_TRUE(xml.load_buffer(text.data(), text.size())) << text;
+    std::vector<std::string> names;
+    for (const pugi::xml_node test : xml.child("testsuites").child("testsuite").children("testcase")) {
+        names.push_back(std::string(test.attribute("classname").value()) + ": " +
+                        test.attribute("name").value());
+    }
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"a.ini: line 2 [too-long]", "b.ini: line 2 [too-long]",
+                                        "a.ini: line 2 [too-long] (2)", "a.ini: line 2 [too-long] (3)"}));
+}
+
+TEST(Report, TellsWhatWasLeftOutAndHowTheTransactionEnded) {
+    const Json document = {{"command", "register"},
+                           {"exitCode", 0},
+                           {"leftOut", {"d/desktop.ini", "d/other.ini"}},
+                           {"transaction", {{"status", "committed"}, {"restarts", 0}}}};
+    EXPECT_NE(TextReport(document, kBegin)
+                  .find("\nleft out: d/desktop.ini\nleft out: d/other.ini\ntransaction: committed\n"),
+              std::string::npos);
+    EXPECT_NE(JunitReport(document, kBegin).find(R"(    <properties>
+      <property name="leftOut" value="d/desktop.ini" />
+      <property name="leftOut" value="d/other.ini" />
+      <property name="transaction" value="committed" />
+    </properties>
+)"),
+              std::string::npos);
+}
+
 TEST(Report, IsWellFormedWhateverTheTextsHold) {
     // A byte that is no text, controls, half a character, what XML forbids, and what it has a meaning for.
     const std::string odd = "\xFF \x01\x1B \xED\xA0\x80 \xEF\xBF\xBF ]]> & <a b=\"'\"> \xC2\x85 \t\xC3\xA9";

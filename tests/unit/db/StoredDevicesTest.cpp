@@ -8,6 +8,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Not;
 
 std::vector<DeviceTexts> Stored(DbWorld& world, std::int16_t schemaVersion) {
     return StoredDevices(DatabaseOf(&world.Objects()), schemaVersion);
@@ -80,6 +81,7 @@ TEST(StoredDevices, OfTheOldSchemaHaveWhatItsTablesHold) {
 TEST(StoredDevices, AreOnlyRead) {
     DbWorld world;
     Stored(world, kCurrentSchema);
+    EXPECT_THAT(world.Statements(), Not(IsEmpty()));
     for (const std::string& statement : world.Statements()) {
         EXPECT_TRUE(statement.starts_with("SELECT ")) << statement;
     }
