@@ -1,6 +1,7 @@
 // Texts of an entry in German, Greek and Chinese, written and read back.
 
 #include "core/ItemList.h"
+#include "db/DatabaseOf.h"
 #include "db/clsTavDB.h"
 #include "support/RowName.h"
 #include "unit/db/Records.h"
@@ -97,6 +98,28 @@ TEST_P(Language, EntryOfTheOldSchemaIsStoredAsItIs) {
     EXPECT_EQ(world.Rows("SELECT DevTypeDesc FROM DevTypes"), device + "\n");
     EXPECT_EQ(world.Rows("SELECT DevName FROM PDevices"), device + "\n");
     EXPECT_THAT(world.Entries(), IsEmpty());
+}
+
+/// MariaDB takes a backslash in a statement for the beginning of an escape, unless the data source tells it
+/// not to; the other products store it as it is.
+TEST(Backslash, IsStoredAsItIsButByMariadbUntilItIsTold) {
+    DbWorld world;
+    const auto write = [&] {
+        clsTavDB tavDB(world.Events());
+        ASSERT_TRUE(tavDB.Init(world.Objects(), 2));
+        FillManufacturer(tavDB.Manufacturer());
+        FillDevice(tavDB.Device());
+        tavDB.Device().RevDesc = R"(DD\1.0)";
+        EXPECT_TRUE(tavDB.Update());
+    };
+    const std::string stored = "SELECT Description FROM DeviceRevisions";
+    write();
+    if (TestedProduct() == Product::Mariadb) {
+        EXPECT_EQ(world.Rows(stored), "DD1.0\n");
+        DatabaseOf(&world.Objects()).Execute("SET sql_mode=CONCAT(@@sql_mode,',NO_BACKSLASH_ESCAPES')");
+        write();
+    }
+    EXPECT_EQ(world.Rows(stored), "DD\\1.0\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(, Language,
