@@ -1,11 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace ventlock {
+
+/// Digits of the largest id that is exact in every target, in hexadecimal and, for a list's ids, in decimal.
+inline constexpr std::size_t kMostIdDigits = 13;
 
 /// The number that a text begins with: blanks skipped, optional sign, digits, optional "." and digits,
 /// optional exponent. "" and text that begins otherwise give 0 ("&H1F" too). The decimal point is "." in

@@ -43,9 +43,8 @@ std::string TextAt(const DeviceTexts& device, std::string_view key) {
 }
 
 std::string RequireId(const ChoiceOption& option, const std::string& text) {
-    constexpr std::size_t kMostDigits = 13;
     const char* const digits = option.isHexadecimal ? "0123456789ABCDEFabcdef" : "0123456789";
-    if (text.empty() || text.size() > kMostDigits || text.find_first_not_of(digits) != std::string::npos) {
+    if (text.empty() || text.size() > kMostIdDigits || text.find_first_not_of(digits) != std::string::npos) {
         throw CliError(
             ExitCode::WrongCall, std::string(option.name) + " \"" + text + "\" is no id", {},
             option.isHexadecimal ? "Give hexadecimal digits, 0A for one." : "Give decimal digits.");

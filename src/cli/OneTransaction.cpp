@@ -82,7 +82,7 @@ class OneTransaction {
 
     /// True for the statement that a left row can be in the way of.
     static bool IsManufacturer(const std::string& statement) {
-        const std::optional<NewRow> row = IsInsert(statement) ? RowOf(statement) : std::nullopt;
+        const std::optional<NewRow> row = RowOf(statement);
         return row && row->table == UpperCase(tables::kManufacturers);
     }
 

@@ -1,8 +1,6 @@
 #include "db/NewRow.h"
 
-#include <vector>
-
-#include "base/Text.h"
+#include "db/RowChange.h"
 #include "platform/Casing.h"
 
 namespace ventlock {
@@ -15,47 +13,6 @@ std::string_view WordAt(std::string_view text, std::size_t at) {
     at = text.find_first_not_of(' ', at);
     if (at == std::string_view::npos) return {};
     return text.substr(at, text.find_first_of(kNameEnds, at) - at);
-}
-
-/// The value at or after `at`, which is moved to the "," or ")" that ends it. A text in quotes is taken as it
-/// stands, with a doubled apostrophe as one. Nothing when the text there is no value.
-std::optional<std::string> ValueAt(std::string_view text, std::size_t& at) {
-    at = text.find_first_not_of(' ', at);
-    if (at == std::string_view::npos) return std::nullopt;
-    if (text[at] != '\'') {
-        const std::size_t begin = at;
-        at = text.find_first_of(",)", at);
-        if (at == std::string_view::npos) return std::nullopt;
-        return std::string(Trim(text.substr(begin, at - begin)));
-    }
-    std::string value;
-    for (bool isOpen = true; isOpen;) {
-        const std::size_t begin = at + 1;
-        at = text.find('\'', begin);
-        if (at == std::string_view::npos) return std::nullopt;
-        value += text.substr(begin, at - begin);
-        ++at;
-        isOpen = at < text.size() && text[at] == '\'';
-        if (isOpen) value += '\'';
-    }
-    at = text.find_first_not_of(' ', at);
-    if (at == std::string_view::npos || (text[at] != ',' && text[at] != ')')) return std::nullopt;
-    return value;
-}
-
-/// The list between the parentheses that open at or after `at`, which is moved to the closing one. Nothing
-/// when the text is no such list.
-std::optional<std::vector<std::string>> ListAt(std::string_view text, std::size_t& at) {
-    at = text.find('(', at);
-    if (at == std::string_view::npos) return std::nullopt;
-    std::vector<std::string> items;
-    do {
-        ++at;
-        std::optional<std::string> item = ValueAt(text, at);
-        if (!item) return std::nullopt;
-        items.push_back(std::move(*item));
-    } while (text[at] == ',');
-    return items;
 }
 
 /// The column that a result column stands for: the word before " AS <column>", else itself. All in upper
@@ -78,12 +35,10 @@ bool IsInsert(std::string_view statement) {
 }
 
 std::optional<NewRow> RowOf(std::string_view statement) {
-    std::size_t at = kInsert.size();
-    NewRow row{UpperCase(WordAt(statement, at)), {}};
-    const auto columns = ListAt(statement, at);
-    const auto values = columns ? ListAt(statement, at) : std::nullopt;
-    if (!values || values->size() != columns->size()) return std::nullopt;
-    for (std::size_t i = 0; i < columns->size(); ++i) row.values[UpperCase((*columns)[i])] = (*values)[i];
+    const std::optional<RowChange> change = IsInsert(statement) ? ChangeOf(statement) : std::nullopt;
+    if (!change) return std::nullopt;
+    NewRow row{UpperCase(change->table), {}};
+    for (const ColumnValue& value : change->values) row.values[UpperCase(value.column)] = value.value;
     return row;
 }
 

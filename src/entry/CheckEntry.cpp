@@ -4,6 +4,7 @@
 #include <array>
 #include <string_view>
 
+#include "base/Numbers.h"
 #include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "db/SchemaVersion.h"
@@ -22,9 +23,6 @@ struct HexField {
 
 constexpr auto kHexFields =
     std::to_array<HexField>({{"ManID", 6}, {"DevID", 4}, {"DevRev", 2}, {"DDRev", 2}, {"ProtRev", 0}});
-
-/// Hexadecimal digits of the largest number that is exact in every target.
-constexpr std::size_t kMostDigits = 13;
 
 constexpr std::array<std::string_view, 3> kIdFields = {"ProtID", "DevCatID", "DevMinCatID"};
 
@@ -108,9 +106,9 @@ class Checker {
             if (text.find_first_not_of("0123456789ABCDEFabcdef") != std::string::npos) {
                 Add(Severity::Error, field.key, "hex-digits",
                     Quoted(text) + " is no hexadecimal number; use the digits 0 to 9 and A to F only");
-            } else if (text.size() > kMostDigits) {
+            } else if (text.size() > kMostIdDigits) {
                 Add(Severity::Error, field.key, "too-large",
-                    Quoted(text) + " has more than " + std::to_string(kMostDigits) +
+                    Quoted(text) + " has more than " + std::to_string(kMostIdDigits) +
                         " digits; no target keeps such a number");
             } else if (field.width != 0 && text.size() > field.width && context_.targets.ddInstall) {
                 Add(Severity::Warning, field.key, "too-wide",

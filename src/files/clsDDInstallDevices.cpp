@@ -20,8 +20,7 @@ std::optional<std::string> Behind(const std::optional<std::string>& text, std::s
 
 /// The hexadecimal form of a text in hexadecimal or decimal digits. Nothing for any other text.
 std::optional<std::string> Id(const std::optional<std::string>& text, std::string_view digits) {
-    constexpr std::size_t kMost = 13;  // digits of a number that is exact
-    const bool isNumber = text && !text->empty() && text->size() <= kMost &&
+    const bool isNumber = text && !text->empty() && text->size() <= kMostIdDigits &&
                           text->find_first_not_of(digits) == std::string::npos;
     if (!isNumber) return std::nullopt;
     constexpr std::size_t kDecimal = 10;
