@@ -92,7 +92,7 @@ TEST(TakenNumber, TheLogTellsOfTheRefusalAndOfTheRestart) {
     const std::string log = ReadBytes(world.StateFolder() + "/Ventlock.log");
     const auto refusal = log.find("DEVins-03.1: ODBC--call failed.");
     const auto restart =
-        log.find("[Flow] entry.ini: another program was first; the entry is started anew.\r\n");
+        log.find("[Flow] entry.ini:1: another program was first; the entry is started anew.\r\n");
     EXPECT_NE(refusal, std::string::npos) << log;
     EXPECT_NE(restart, std::string::npos) << log;
     EXPECT_LT(refusal, restart);
