@@ -16,34 +16,6 @@
 namespace ventlock {
 namespace {
 
-struct HexField {
-    std::string_view key;
-    std::size_t width;  ///< digits that the DD install file can find again; 0: any number
-};
-
-constexpr auto kHexFields =
-    std::to_array<HexField>({{"ManID", 6}, {"DevID", 4}, {"DevRev", 2}, {"DDRev", 2}, {"ProtRev", 0}});
-
-constexpr std::array<std::string_view, 3> kIdFields = {"ProtID", "DevCatID", "DevMinCatID"};
-
-/// Texts that go into statements of the database, quoted as they are.
-struct StatementField {
-    std::string_view key;
-    std::size_t limit;
-    bool isInOldSchema;
-};
-
-constexpr auto kStatementFields = std::to_array<StatementField>({
-    {"ManName", limits::kName, true},
-    {"ManDesc", limits::kDescription, false},
-    {"DevName", limits::kName, true},
-    {"DevDesc", limits::kDescription, false},
-    {"DevRevName", limits::kName, false},
-    {"DevRevDesc", limits::kDescription, false},
-    {"MajorCategory", limits::kName, false},
-    {"MinorCategory", limits::kName, false},
-});
-
 constexpr std::array<std::string_view, 5> kIniTexts = {"DevName", "DLLName", "DevHelp", "BlkHelp", "ManID"};
 constexpr std::array<std::string_view, 7> kDDInstallTexts = {
     "ManName", "DevName", "DLLName", "TemplateName", "DevHelp", "BlkHelp", "TAVVersions"};
@@ -101,7 +73,7 @@ class Checker {
     }
 
     void CheckDigits() {
-        for (const HexField& field : kHexFields) {
+        for (const limits::HexField& field : limits::kHexFields) {
             const std::string text = Text(field.key);
             if (text.find_first_not_of("0123456789ABCDEFabcdef") != std::string::npos) {
                 Add(Severity::Error, field.key, "hex-digits",
@@ -116,7 +88,7 @@ class Checker {
                         " digits; Ddinstal.ini never finds it again and gains a section with every write");
             }
         }
-        for (const std::string_view key : kIdFields) {
+        for (const std::string_view key : limits::kIdFields) {
             const std::string text = Text(key);
             if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos) {
                 Add(Severity::Error, key, "decimal-id", Quoted(text) + " is no id; use decimal digits only");
@@ -139,7 +111,7 @@ class Checker {
 
     void CheckStatementTexts() {
         const bool isOld = context_.schemaVersion == kOldSchema;
-        for (const StatementField& field : kStatementFields) {
+        for (const limits::StatementField& field : limits::kStatementFields) {
             if (isOld && !field.isInOldSchema) continue;
             const std::string text = Text(field.key);
             if (CharacterCount(text) > field.limit) {
