@@ -63,6 +63,7 @@ struct Example {
 struct ExitMeaning {
     ExitCode code;
     std::string_view text;
+    std::string_view examples;  ///< when it comes, for readers of the guides; names stand between backquotes
 };
 
 /// The program's grammar, for whoever writes about it or completes calls of it.

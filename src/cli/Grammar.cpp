@@ -27,15 +27,22 @@ constexpr std::array kExamples = {
             "Register a folder of entries from a script, with one JSON document as the answer."},
     Example{"ventlock-cli verify devices --all --report devices.xml",
             "Compare them with all targets, and leave a report that build servers show."},
-    Example{"ventlock-cli export --db --man-id 26 --dev-id 7 --output flow.ini",
+    Example{"ventlock-cli export --db --man-id 26 --dev-id 7 --output found.ini",
             "Write an entry file from what the database holds of a device."},
 };
 
 constexpr std::array kExitMeanings = {
-    ExitMeaning{ExitCode::Done, "everything asked for was done"},
-    ExitMeaning{ExitCode::TargetFailed, "at least one target failed"},
-    ExitMeaning{ExitCode::WrongCall, "the call or the entry file is wrong"},
-    ExitMeaning{ExitCode::Unreachable, "a target cannot be reached"},
+    ExitMeaning{ExitCode::Done, "everything asked for was done", "also when nothing had to change"},
+    ExitMeaning{
+        ExitCode::TargetFailed, "at least one target failed",
+        "`verify` found a difference, a database that another program writes to, a read-only database "
+        "or `Pyx.ini`"},
+    ExitMeaning{ExitCode::WrongCall, "the call or the entry file is wrong",
+                "unknown option, a finding of severity error"},
+    ExitMeaning{
+        ExitCode::Unreachable, "a target cannot be reached",
+        "unknown data source, missing driver, a driver without transactions for `--one-transaction`, a "
+        "database locked for all others, schema too new, missing folder"},
 };
 
 /// What the help ends with.
@@ -81,8 +88,10 @@ Grammar::Grammar(Host& host) : host_(host), app_(kDescription, "ventlock-cli") {
     app_.set_version_flag("--version", Version(), "Print the version and end");
     app_.add_flag("--json", given_.isJson, "Answer with one JSON document on stdout");
     app_.add_flag("--quiet,-q", given_.isQuiet, "Print errors and asked-for data only");
-    CLI::Option* timeLimit = app_.add_option("--timeout", given_.timeLimit,
-                                             "Longest time the database may take to answer, in seconds");
+    CLI::Option* timeLimit = app_.add_option(
+        "--timeout", given_.timeLimit,
+        "Longest time the database may take to answer, in seconds (default: 15 for the login, 60 "
+        "for a statement)");
     Takes(timeLimit, {"SECONDS", ValueSource::Free, {}})->check(CLI::Range(1, 3600));
     AddRegister();
     AddVerify();

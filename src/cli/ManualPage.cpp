@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "cli/OwnPlaces.h"
+
 namespace ventlock {
 namespace {
 
@@ -33,6 +35,13 @@ std::string CapitalSentence(std::string_view text) {
     std::string capital(text);
     if (!capital.empty() && capital[0] >= 'a' && capital[0] <= 'z') capital[0] += 'A' - 'a';
     return Sentence(capital);
+}
+
+/// A text without the backquotes round its names.
+std::string WithoutQuotation(std::string_view text) {
+    std::string plain(text);
+    std::erase(plain, '`');
+    return plain;
 }
 
 /// A literal argument of a macro: no macro itself, and with dashes that can be copied.
@@ -123,7 +132,8 @@ std::string ExitStatus() {
     std::string items = ".Bl -tag -width Ds -compact\n";
     for (const ExitMeaning& meaning : ExitMeanings()) {
         items.append(".It " + std::to_string(static_cast<int>(meaning.code)) + '\n')
-            .append(CapitalSentence(meaning.text));
+            .append(CapitalSentence(meaning.text))
+            .append(CapitalSentence(WithoutQuotation(meaning.examples)));
     }
     return items + ".El\n";
 }
@@ -137,35 +147,54 @@ std::string ExampleCalls() {
     return text;
 }
 
-}  // namespace
+std::string Places(std::span<const Place> places, const std::string& macro) {
+    std::string items = ".Bl -tag -width Ds\n";
+    for (const Place& place : places) {
+        items += ".It " + macro + " ";
+        for (const char c : place.name) items.append(c == ',' ? " ," : std::string(1, c));
+        items += "\n";
+        items.append(Sentence(WithoutQuotation(place.text)));
+    }
+    return items + ".El\n";
+}
 
-std::string ManualPage(std::string_view outline, const CommandDescription& program) {
-    struct Part {
-        std::string line;
-        std::string text;
-        bool isThere = false;
-    };
-    std::vector<Part> parts = {
-        {"%COMMANDS%", ".Bl -tag -width Ds\n" + Commands(program, "") + ".El\n"},
-        {"%OPTIONS%", OptionsOf(program)},
-        {"%EXIT STATUS%", ExitStatus()},
-        {"%EXAMPLES%", ExampleCalls()},
-    };
+struct Part {
+    std::string line;
+    std::string text;
+};
+
+/// The outline with each part in the place of its line.
+std::string WithParts(std::string_view outline, const std::vector<Part>& parts) {
     std::istringstream lines{std::string(outline)};
+    std::vector<bool> areThere(parts.size(), false);
     std::string page;
     for (std::string line; std::getline(lines, line);) {
         bool isPart = false;
-        for (Part& part : parts) {
-            if (line != part.line) continue;
-            page += part.text;
-            part.isThere = isPart = true;
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (line != parts[i].line) continue;
+            page += parts[i].text;
+            areThere[i] = isPart = true;
         }
         if (!isPart) page += line + '\n';
     }
-    for (const Part& part : parts) {
-        if (!part.isThere) throw std::runtime_error("the outline lacks the line " + part.line);
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (!areThere[i]) throw std::runtime_error("the outline lacks the line " + parts[i].line);
     }
     return page;
+}
+
+}  // namespace
+
+std::string ManualPage(std::string_view outline, const CommandDescription& program) {
+    return WithParts(outline, {{"%COMMANDS%", ".Bl -tag -width Ds\n" + Commands(program, "") + ".El\n"},
+                               {"%OPTIONS%", OptionsOf(program)},
+                               {"%EXIT STATUS%", ExitStatus()},
+                               {"%EXAMPLES%", ExampleCalls()}});
+}
+
+std::string WithPlaces(std::string_view outline) {
+    return WithParts(outline, {{"%ENVIRONMENT%", Places(EnvironmentVariables(), "Ev")},
+                               {"%FILES%", Places(KeptFiles(), "Pa")}});
 }
 
 }  // namespace ventlock

@@ -12,4 +12,8 @@ namespace ventlock {
 /// @throws std::runtime_error naming a line of that kind that the outline lacks.
 std::string ManualPage(std::string_view outline, const CommandDescription& program);
 
+/// A page with the lines "%ENVIRONMENT%" and "%FILES%" replaced by what the programs look at.
+/// @throws std::runtime_error naming a line of that kind that the outline lacks.
+std::string WithPlaces(std::string_view outline);
+
 }  // namespace ventlock

@@ -64,7 +64,8 @@ TEST(ManualPage, TellsEveryCommandAndOptionOfTheProgram) {
           ".It Cm \\&settings list\n", ".It Cm \\&settings get Ar \\&NAME\n",
           ".It Cm \\&settings set Ar \\&NAME Ar \\&VALUE\n", ".It Fl \\&\\-one\\-transaction\n",
           ".It Fl \\&\\-timeout Ar \\&SECONDS\n", ".It Fl \\&\\-quiet , Fl \\&q\n",
-          ".It 3\nA target cannot be reached.\n", ".Dl $ \\&ventlock\\-cli check flow.ini\n"}) {
+          ".It 3\nA target cannot be reached.\nUnknown data source, missing driver, ",
+          ".Dl $ \\&ventlock\\-cli check flow.ini\n"}) {
         EXPECT_NE(page.find(part), std::string::npos) << part << page;
     }
 }
@@ -85,6 +86,20 @@ TEST(ManualPage, AnOutlineWithoutOneOfTheLinesIsRefused) {
     } catch (const std::runtime_error& error) {
         EXPECT_STREQ(error.what(), "the outline lacks the line %EXAMPLES%");
     }
+}
+
+TEST(ManualPage, TellsVariablesAndFiles) {
+    const std::string page = WithPlaces(".Sh A\n%ENVIRONMENT%\n.Sh B\n%FILES%\nC\n");
+    const std::string begin =
+        ".Sh A\n.Bl -tag -width Ds\n.It Ev VENTLOCK_REGISTRY\nThe file that settings are kept in, in place "
+        "of";
+    EXPECT_EQ(page.substr(0, begin.size()), begin);
+    EXPECT_NE(page.find(".El\n.Sh B\n.Bl -tag -width Ds\n.It Pa ~/.config/ventlock/registry.ini\n"),
+              std::string::npos)
+        << page;
+    EXPECT_EQ(page.find('`'), std::string::npos);
+    EXPECT_TRUE(page.ends_with(".El\nC\n"));
+    EXPECT_THROW(WithPlaces("%FILES%\n"), std::runtime_error);
 }
 
 }  // namespace
