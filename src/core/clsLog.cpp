@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "base/Numbers.h"
 #include "base/Text.h"
@@ -41,6 +42,7 @@ bool clsLog::Log(const std::string& szEntry, const std::optional<std::string>& v
         LineInfo = vLineInfo.value_or("");
         FileInfo = vFileInfo.value_or("");
         const std::int16_t level = vLogLevel ? ToInteger(RequireNumber(TextOf(*vLogLevel))) : LogLevel;
+        if ((level & (kLogToFile | kLogToScreen | kLogToEventLog)) != 0) KeepEntry();
         if ((level & kLogToScreen) != 0) ShowEntry(vHelpContext);
         if ((level & kLogToFile) != 0) {
             CountEntry();
@@ -58,6 +60,18 @@ bool clsLog::Log(const std::string& szEntry, const std::optional<std::string>& v
 
 void clsLog::CountEntry() {
     entries_ = ToInteger(entries_ + 1.0);
+}
+
+// An entry that could not be kept is logged all the same.
+void clsLog::KeepEntry() {
+    try {
+        std::string text = LogText;
+        if (!LineInfo.empty()) text += std::string(kLineEnd) + kIndent + "Line: " + LineInfo;
+        if (!FileInfo.empty()) text += std::string(kLineEnd) + kIndent + "File: " + FileInfo;
+        history_.Add({clock_.Now(), std::move(text)});
+    } catch (const std::exception&) {
+        return;
+    }
 }
 
 void clsLog::ShowEntry(const std::optional<std::int32_t>& helpContext) {

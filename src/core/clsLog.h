@@ -6,6 +6,7 @@
 
 #include "base/Variant.h"
 #include "core/AppObjects.h"
+#include "core/LogHistory.h"
 #include "platform/IAppInfo.h"
 #include "platform/IClock.h"
 #include "platform/IEventLog.h"
@@ -47,6 +48,9 @@ class clsLog final : public AppObject {
              const std::optional<std::int16_t>& vErrLevel = {},
              const std::optional<std::int32_t>& vHelpContext = {});
 
+    /// The entries of this run, whatever became of them in file, box and event log.
+    [[nodiscard]] LogHistory& History() noexcept { return history_; }
+
     std::string LogFile;        ///< full path of the log file
     std::int16_t LogLevel = 0;  ///< default level of entries
     std::string HelpFile;       ///< help file offered in message boxes
@@ -57,6 +61,7 @@ class clsLog final : public AppObject {
     bool Initialized = false;  ///< entries are taken
 
  private:
+    void KeepEntry();
     void ShowEntry(const std::optional<std::int32_t>& helpContext);
     void WriteToFile();
     [[nodiscard]] std::string Header();
@@ -68,6 +73,7 @@ class clsLog final : public AppObject {
     IMessageBox& messageBox_;
     IEventLog& eventLog_;
     IAppInfo& appInfo_;
+    LogHistory history_;
     std::int16_t entries_ = 0;  ///< attempts, not successes
     std::int16_t operation_ = 0;
     bool hasHeader_ = false;
