@@ -30,13 +30,14 @@ constexpr std::array kOtherSettings = {
     OtherSetting{"TAVVersionSupport", &clsSettings::TAVVersions, false},
 };
 
-NamedValues AllSettings(const clsSettings& settings) {
+NamedValues AllSettings(clsSettings& settings) {
     NamedValues values;
     for (const SettingRow& row : StoredSettings()) {
         values.emplace_back(row.writtenName, settings.SettingText(row));
     }
     for (const OtherSetting& other : kOtherSettings)
         values.emplace_back(other.name, settings.*other.property);
+    for (const LateSetting& late : LateSettings()) values.emplace_back(late.name, settings.LateText(late));
     return values;
 }
 
@@ -53,6 +54,7 @@ std::vector<std::string> SettingNames(bool isToChange) {
     for (const OtherSetting& other : kOtherSettings) {
         if (other.isChanged || !isToChange) names.emplace_back(other.name);
     }
+    for (const LateSetting& late : LateSettings()) names.emplace_back(late.name);
     return names;
 }
 
@@ -100,10 +102,11 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
         status = settings.StoreLanguage(value);
     } else {
         const SettingRow* row = FindSetting(name);
-        if (row == nullptr) RefuseName(name);
+        const LateSetting* late = FindLateSetting(name);
+        if (row == nullptr && late == nullptr) RefuseName(name);
         try {
-            if (row->IsNumber()) ToInteger(RequireNumber(value));
-            status = settings.StoreSetting(*row, value);
+            if (row != nullptr ? row->IsNumber() : late->isNumber) ToInteger(RequireNumber(value));
+            status = row != nullptr ? settings.StoreSetting(*row, value) : settings.StoreLate(*late, value);
         } catch (const RunTimeError& error) {
             throw CliError(ExitCode::WrongCall, name + " \"" + value + "\": " + error.what(), {},
                            "Give a whole number from -32768 to 32767.");

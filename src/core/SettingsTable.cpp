@@ -75,10 +75,28 @@ constexpr std::array<std::string_view, 30> kSaveOrder = {
 };
 static_assert(kRows.size() == kSaveOrder.size());
 
+constexpr auto kLateSettings = std::to_array<LateSetting>({
+    {kRecentDDInstallPaths, false},
+    {kRecentINIPaths, false},
+    {kLogWindowLeft, true},
+    {kLogWindowTop, true},
+});
+
 }  // namespace
 
 std::span<const SettingRow> StoredSettings() {
     return kRows;
+}
+
+std::span<const LateSetting> LateSettings() {
+    return kLateSettings;
+}
+
+const LateSetting* FindLateSetting(std::string_view name) {
+    for (const LateSetting& setting : kLateSettings) {
+        if (EqualIgnoringCase(setting.name, name)) return &setting;
+    }
+    return nullptr;
 }
 
 std::span<const std::string_view> SaveOrder() {

@@ -28,7 +28,25 @@ struct SettingRow {
     [[nodiscard]] bool IsNumber() const { return std::holds_alternative<NumberProperty>(property); }
 };
 
-/// All settings kept in the registry, in the order they are read.
+/// A setting of the registry that is read when it is asked for, not together with the others. It stands in
+/// the subkey "Settings".
+struct LateSetting {
+    std::string_view name;
+    bool isNumber = false;
+};
+
+inline constexpr std::string_view kRecentDDInstallPaths = "RecentDDInstallPaths";
+inline constexpr std::string_view kRecentINIPaths = "RecentINIPaths";
+inline constexpr std::string_view kLogWindowLeft = "LogWindowLeft";
+inline constexpr std::string_view kLogWindowTop = "LogWindowTop";
+
+/// All of them.
+std::span<const LateSetting> LateSettings();
+
+/// The one of a name, case ignored; nullptr for none.
+const LateSetting* FindLateSetting(std::string_view name);
+
+/// All settings kept in the registry that are read together, in the order of that.
 std::span<const SettingRow> StoredSettings();
 
 /// Written names in the order of the save.

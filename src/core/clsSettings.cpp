@@ -129,15 +129,25 @@ bool clsSettings::SaveSettings() {
 }
 
 RegistryStatus clsSettings::StoreSetting(const SettingRow& row, const std::string& text) {
-    if (row.IsNumber()) {
-        return SetValue(row.writtenSection, row.writtenName, kRegistryDword,
-                        ToDword(ToInteger(NumericValue(text))));
-    }
-    return SetValue(row.writtenSection, row.writtenName, kRegistryString, text);
+    return StoreValue(row.writtenSection, row.writtenName, row.IsNumber(), text);
 }
 
 RegistryStatus clsSettings::StoreLanguage(const std::string& language) {
     return SetValue("Settings", "Language", kRegistryString, language);
+}
+
+std::string clsSettings::LateText(const LateSetting& setting) {
+    return GetValue("Settings", setting.name).value_or("");
+}
+
+RegistryStatus clsSettings::StoreLate(const LateSetting& setting, const std::string& text) {
+    return StoreValue("Settings", setting.name, setting.isNumber, text);
+}
+
+RegistryStatus clsSettings::StoreValue(std::string_view section, std::string_view name, bool isNumber,
+                                       const std::string& text) {
+    if (!isNumber) return SetValue(section, name, kRegistryString, text);
+    return SetValue(section, name, kRegistryDword, ToDword(ToInteger(NumericValue(text))));
 }
 
 std::int16_t clsSettings::DDVersion() const {

@@ -48,6 +48,12 @@ class clsSettings final : public AppObject {
     /// Stores the language code, which SaveSettings never does.
     RegistryStatus StoreLanguage(const std::string& language);
 
+    /// What is stored for a setting that is read on its own, a number in decimal; "" when nothing is.
+    [[nodiscard]] std::string LateText(const LateSetting& setting);
+
+    /// Stores such a setting and returns the registry's answer. The text of a number is taken as a number.
+    RegistryStatus StoreLate(const LateSetting& setting, const std::string& text);
+
     /// Version of the DD install file's form: `DDInstallVersion` rounded half to even, 2 when it exceeds 16
     /// bits.
     [[nodiscard]] std::int16_t DDVersion() const;
@@ -95,6 +101,8 @@ class clsSettings final : public AppObject {
     static std::optional<std::string> QueryValue(IRegistryKey& key, std::string_view name);
     RegistryStatus SetValue(std::string_view section, std::string_view name, std::uint32_t type,
                             std::string_view bytes);
+    RegistryStatus StoreValue(std::string_view section, std::string_view name, bool isNumber,
+                              const std::string& text);
     bool KeyExists(std::string_view section);
     RegistryStatus CreateKey(std::string_view section);
     void Load(const SettingRow& row);

@@ -34,6 +34,9 @@ class IPaths {
     /// True for a path that does not depend on the working folder. A drive-letter path counts as absolute
     /// everywhere.
     virtual bool IsAbsolute(std::string_view path) = 0;
+
+    /// True where paths that differ in letter case alone lead to the same file.
+    virtual bool IgnoreCase() = 0;
 };
 
 }  // namespace ventlock

@@ -43,7 +43,11 @@ const std::vector<std::string> kCleanSettings = {"WindowTop=0",
                                                  "DataSourceName=PYX",
                                                  "Language=EN",
                                                  "DDVersion=2",
-                                                 "TAVVersionSupport=5.0"};
+                                                 "TAVVersionSupport=5.0",
+                                                 "RecentDDInstallPaths=",
+                                                 "RecentINIPaths=",
+                                                 "LogWindowLeft=",
+                                                 "LogWindowTop="};
 
 std::vector<std::string> LinesOf(const std::string& text) {
     std::vector<std::string> lines;

@@ -67,6 +67,7 @@ struct FakePaths final : IPaths {
     std::string workingFolder = "/work";
     std::string stateFolder = "/state";
     bool programFolderIsWritable = true;
+    bool ignoreCase = false;
 
     std::string ProgramFolder() override { return programFolder; }
     std::string ExeName() override { return exeName; }
@@ -78,6 +79,7 @@ struct FakePaths final : IPaths {
         return std::string(folder) + (folder.ends_with('/') ? "" : "/") + std::string(name);
     }
     bool IsAbsolute(std::string_view path) override { return path.starts_with('/') || path.find(":\\") == 1; }
+    bool IgnoreCase() override { return ignoreCase; }
 };
 
 struct FakeLocale final : ILocale {

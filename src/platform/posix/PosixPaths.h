@@ -31,6 +31,7 @@ class PosixPaths final : public IPaths {
     bool ProgramFolderIsWritable() override;
     std::string Join(std::string_view folder, std::string_view name) override;
     bool IsAbsolute(std::string_view path) override;
+    bool IgnoreCase() override { return false; }
 
  private:
     std::string exeName_;

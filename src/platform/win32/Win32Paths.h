@@ -33,6 +33,7 @@ class Win32Paths final : public IPaths {
 
     /// "C:\a", "\\server\share" and "\a". "C:a" is counted from the working folder of its drive.
     bool IsAbsolute(std::string_view path) override;
+    bool IgnoreCase() override { return true; }
 
  private:
     std::string exeName_;
