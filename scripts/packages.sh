@@ -1,7 +1,7 @@
 # Sourced by run.sh and test.sh: Debian packages that the project needs, and their installation.
 
 build_packages=(g++ cmake ninja-build unixodbc-dev libsqliteodbc libcli11-dev nlohmann-json3-dev libdtl-dev
-    libpugixml-dev libwxgtk3.2-dev wx3.2-i18n)
+    libpugixml-dev libwxgtk3.2-dev libgtk-3-dev pkgconf wx3.2-i18n)
 test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy git unixodbc odbcinst odbc-postgresql odbc-mariadb
     postgresql mariadb-server util-linux pkgconf libatspi2.0-dev libxtst-dev strace)
 
