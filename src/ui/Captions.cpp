@@ -21,6 +21,10 @@ Setter Control(wxControl* control) {
     };
 }
 
+Setter ToolTip(wxControl* control) {
+    return [control](const std::string& text) { control->SetToolTip(ToWx(text)); };
+}
+
 }  // namespace
 
 std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainControls& controls) {
@@ -83,6 +87,14 @@ std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainCont
         {"IDS_LBL_DEVREV", ":", label(15)},
         {"IDS_LBL_DDREV", ":", label(16)},
         {"IDS_LBL_HART", ":", label(17)},
+    };
+}
+
+std::vector<Caption> ListCaptions(MainControls& controls) {
+    return {
+        {"IDS_TIP_SOURCES", "", ToolTip(&controls.lstDataSources->Button())},
+        {"IDS_TIP_RECENT_DD", "", ToolTip(&controls.lstRecentDDInstall->Button())},
+        {"IDS_TIP_RECENT_INI", "", ToolTip(&controls.lstRecentINI->Button())},
     };
 }
 

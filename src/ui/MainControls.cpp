@@ -19,7 +19,7 @@ int Gap(const wxWindow& window) {
     return window.FromDIP(6);
 }
 
-wxButton* NewButton(wxWindow& parent, const char* name, const char* caption, const char* toolTip,
+wxButton* NewButton(wxWindow& parent, const char* name, const wxString& caption, const char* toolTip,
                     long style = 0) {
     auto* button = new wxButton(&parent, wxID_ANY, caption, wxDefaultPosition, wxDefaultSize, style,
                                 wxDefaultValidator, name);
@@ -95,6 +95,39 @@ class MainControls::Page {
         return button;
     }
 
+    /// At the end of the text box of the same row, which gives its room.
+    std::unique_ptr<DropList> List(std::size_t box, const char* name, const char* toolTip,
+                                   const FieldHandlers& handlers) {
+        constexpr wxChar kArrow = L'\u25BE';
+        wxTextCtrl& text = controls_.txtMain[box]->Box();
+        wxButton* button = NewButton(*panel_, name, wxString(kArrow), toolTip, wxBU_EXACTFIT);
+        text.SetMinSize(text.GetMinSize() - wxSize(button->GetBestSize().x, 0));
+        auto* cell = new wxBoxSizer(wxHORIZONTAL);
+        const std::size_t place = grid_->GetItemCount() - 2;  // before the row's empty last cell
+        grid_->Detach(&text);
+        cell->Add(&text, 1, wxALIGN_CENTER_VERTICAL);
+        cell->Add(button, 0, wxEXPAND);
+        grid_->Insert(place, cell, 0, wxEXPAND | wxALIGN_CENTER_VERTICAL);
+        return std::make_unique<DropList>(text, *button, [box, drop = handlers.dropDown] { drop(box); });
+    }
+
+    /// Room for a text below the field of the last row.
+    std::size_t RoomBelow() {
+        for (int column = 0; column < grid_->GetCols(); ++column) grid_->AddSpacer(0);
+        return grid_->GetItemCount() - 2;  // in the column of the fields
+    }
+
+    /// A text, empty at first, in such a room. To be made behind all fields and buttons, or the toolkit would
+    /// take it for the label of the next one.
+    wxStaticText* State(std::size_t room, const char* name) {
+        auto* text = new wxStaticText(panel_, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
+                                      wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, name);
+        text->SetMinSize(wxSize(0, text->GetCharHeight()));
+        grid_->Remove(static_cast<int>(room));
+        grid_->Insert(room, text, 0, wxEXPAND);
+        return text;
+    }
+
     /// In the column of the fields.
     void Note(std::size_t label, const char* caption) {
         grid_->AddSpacer(0);
@@ -140,11 +173,19 @@ MainControls::MainControls(wxWindow& parent, const FieldHandlers& handlers)
 void MainControls::BuildGeneral(const FieldHandlers& handlers) {
     Page page(*this, "General");
     page.Text(kDataSourceBox, 0, "Datasource:", "Current ODBC Datasource", handlers);
+    lstDataSources = page.List(kDataSourceBox, "lstDataSources", "Known data sources", handlers);
     cmdSwitchDSN = page.Button("cmdSwitchDSN", "Switch", "Switch to selected ODBC datasource");
     page.Text(kDDInstallPathBox, 1, "DDInstall File:", "Current DDinstall file path", handlers);
+    lstRecentDDInstall =
+        page.List(kDDInstallPathBox, "lstRecentDDInstall", "DDInstall files written before", handlers);
     cmdSelectDDInstall = page.Button("cmdSelectDDInstall", "...", "Select DDInstall file", wxBU_EXACTFIT);
+    const std::size_t belowDDInstall = page.RoomBelow();
     page.Text(kIniPathBox, 2, "PYX.ini Path:", "Current PYX.ini Path", handlers);
+    lstRecentINI = page.List(kIniPathBox, "lstRecentINI", "PYX.ini files written before", handlers);
     cmdSelectINI = page.Button("cmdSelectINI", "...", "Select PYX.ini path", wxBU_EXACTFIT);
+    const std::size_t belowINI = page.RoomBelow();
+    lblDDInstallState = page.State(belowDDInstall, "lblDDInstallState");
+    lblINIState = page.State(belowINI, "lblINIState");
 }
 
 void MainControls::BuildManufacturer(const FieldHandlers& handlers) {

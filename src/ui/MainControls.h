@@ -12,6 +12,7 @@
 
 #include "entry/ControlStates.h"
 #include "entry/EntryForm.h"
+#include "ui/DropList.h"
 #include "ui/ListField.h"
 #include "ui/TextField.h"
 #include "ui/VersionField.h"
@@ -29,6 +30,7 @@ struct FieldHandlers {
     std::function<void()> cboDDRev_Change;
     std::function<void()> cboHARTRev_Change;
     std::function<void()> lstTAVVersionSupport_Click;
+    std::function<void(std::size_t)> dropDown;  ///< a text box's list is asked for; with the box's index
 };
 
 /// The controls of the main window on their four tabs, with the captions and tool tips they are born with.
@@ -56,6 +58,11 @@ class MainControls {
     std::unique_ptr<EditableList> cboDeviceCategory;
     std::unique_ptr<EditableList> cboMinorCategory;
     std::unique_ptr<VersionField> lstTAVVersionSupport;
+    std::unique_ptr<DropList> lstDataSources;
+    std::unique_ptr<DropList> lstRecentDDInstall;
+    std::unique_ptr<DropList> lstRecentINI;
+    wxStaticText* lblDDInstallState = nullptr;  ///< below the path: what a write to it would meet
+    wxStaticText* lblINIState = nullptr;
     wxNotebook* sstVentlock;
     wxButton* cmdSwitchDSN = nullptr;
     wxButton* cmdSelectDDInstall = nullptr;

@@ -61,7 +61,8 @@ void VentlockApp::Main() {
                      .fileDialog = fileDialog_,
                      .help = help_,
                      .createEngine = [this] { return CreateOdbcEngine(events_, {}); },
-                     .createDictionary = [this] { return std::make_shared<TavDictionary>(host_->Files()); }});
+                     .createDictionary = [this] { return std::make_shared<TavDictionary>(host_->Files()); },
+                     .listDataSources = ListDataSources});
     SetTopWindow(window_);
     window_->Form_Load();
     if (!window_->IsUnloading()) window_->Show();

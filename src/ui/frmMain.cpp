@@ -31,7 +31,12 @@ frmMain::frmMain(const WindowServices& services)
       contents_(NewContents(*this)),
       controls_(*contents_, Handlers()),
       place_(*this),
-      records_(services.events, services.profiles) {
+      records_(services.events, services.profiles),
+      ddInstallWatch_(
+          [this] { return LookAtTarget(kDDInstallPathBox); },
+          [this](std::optional<TargetState> state) { ShowTargetState(kDDInstallPathBox, state); }),
+      iniWatch_([this] { return LookAtTarget(kIniPathBox); },
+                [this](std::optional<TargetState> state) { ShowTargetState(kIniPathBox, state); }) {
     SetIcons(ProgramIcons());
     SetMenuBar(menu_.bar);
     SetMinSize(wxSize(kSmallestWindow.width, kSmallestWindow.height));
@@ -46,13 +51,14 @@ frmMain::~frmMain() {
 
 FieldHandlers frmMain::Handlers() {
     const auto evaluate = [this] { SetControlStates(); };
-    return {.txtMain_Change = [this](std::size_t) { txtMain_Change(); },
+    return {.txtMain_Change = [this](std::size_t box) { txtMain_Change(box); },
             .cboDeviceProtocol_Click = evaluate,
             .cboDeviceCategory_Change = evaluate,
             .cboDevRev_Change = evaluate,
             .cboDDRev_Change = evaluate,
             .cboHARTRev_Change = evaluate,
-            .lstTAVVersionSupport_Click = evaluate};
+            .lstTAVVersionSupport_Click = evaluate,
+            .dropDown = [this](std::size_t box) { DropDown(box); }};
 }
 
 void frmMain::BindEvents() {
@@ -89,6 +95,10 @@ void frmMain::BindEvents() {
     controls_.txtMain[kDataSourceBox]->Box().Bind(wxEVT_TEXT_ENTER,
                                                   [this](wxCommandEvent&) { cmdSwitchDSN_Click(); });
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
+    Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
+        event.Skip();
+        if (event.GetActive()) LookAtTargetsSoon();  // another program may have been at work
+    });
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         event.Skip();
         controls_.RefreshColours();
@@ -129,7 +139,9 @@ void frmMain::TakeClipboardKey(wxKeyEvent& event) {
     }
 }
 
-void frmMain::txtMain_Change() {
+void frmMain::txtMain_Change(std::size_t box) {
+    if (box == kDDInstallPathBox) ddInstallWatch_.LookSoon();
+    if (box == kIniPathBox) iniWatch_.LookSoon();
     if (!captionsLoading_) entriesChanged_ = true;
     SetControlStates();
 }

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
@@ -18,12 +19,14 @@
 #include "platform/Host.h"
 #include "platform/IEvents.h"
 #include "platform/ProfileEdit.h"
+#include "platform/odbc/DataSources.h"
 #include "ui/FramePlace.h"
 #include "ui/IClipboard.h"
 #include "ui/IFileDialog.h"
 #include "ui/IHelp.h"
 #include "ui/MainControls.h"
 #include "ui/MainMenu.h"
+#include "ui/TargetWatch.h"
 
 namespace ventlock {
 
@@ -38,6 +41,7 @@ struct WindowServices {
     IHelp& help;
     EngineFactory createEngine;
     std::function<std::shared_ptr<IDictionary>()> createDictionary;
+    std::function<std::vector<DataSource>()> listDataSources;  ///< as the driver manager knows them
 };
 
 /// What the file dialog and the help are told once.
@@ -135,7 +139,7 @@ class frmMain final : public wxFrame {
     void BindEvents();
     void BindKeys();
     void TakeClipboardKey(wxKeyEvent& event);
-    void txtMain_Change();
+    void txtMain_Change(std::size_t box);
     void OnClose(wxCloseEvent& event);
     void Unload();
 
@@ -159,6 +163,20 @@ class frmMain final : public wxFrame {
     void RunCommand(std::string_view tag, const std::function<void(StepLabel&)>& body);
     void RunCommand(const std::function<void()>& body);
 
+    /// Drops the list of a text box down and takes over what is chosen from it.
+    void DropDown(std::size_t box);
+    void DropDataSources();
+    void DropRecentPaths(std::size_t box);
+
+    /// Puts a path that was written before the others of its list.
+    void RememberPath(std::size_t box, const std::string& path);
+    void TakePath(std::size_t box, const std::string& path);
+
+    /// What is to look at a target file, and what was found out of it into the text below its field.
+    [[nodiscard]] TargetWatch::Look LookAtTarget(std::size_t box);
+    void ShowTargetState(std::size_t box, std::optional<TargetState> state);
+    void LookAtTargetsSoon();
+
     void ReportWritten(bool isWritten, const char* goodKey, const char* badKey, wxMenuItem& item,
                        wxButton& button);
     bool ChooseDDInstallFile();
@@ -177,6 +195,8 @@ class frmMain final : public wxFrame {
 
     AppObjects oAppObjects_;
     EntryRecords records_;
+    TargetWatch ddInstallWatch_;
+    TargetWatch iniWatch_;
     std::string offeredVersions_;
     CommonDialog cmndlgDB_;
     std::int16_t schemaVersion_ = 0;

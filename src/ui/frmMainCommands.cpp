@@ -52,8 +52,11 @@ void frmMain::mnuWriteINI_Click() {
         GatherEntry();
         clsPyxConfig& writer = records_.PyxConfig();
         writer.Init(oAppObjects_, 2);
-        ReportWritten(writer.Insert(records_.TavDB().Manufacturer(), records_.TavDB().Device()),
-                      "IDS_MSG_INS_GOOD", "IDS_MSG_INS_BAD", *menu_.mnuWriteINI, *controls_.cmdWriteINI);
+        const bool isWritten = writer.Insert(records_.TavDB().Manufacturer(), records_.TavDB().Device());
+        if (isWritten) RememberPath(kIniPathBox, writer.IniPath);
+        ReportWritten(isWritten, "IDS_MSG_INS_GOOD", "IDS_MSG_INS_BAD", *menu_.mnuWriteINI,
+                      *controls_.cmdWriteINI);
+        LookAtTargetsSoon();
     });
 }
 
@@ -65,9 +68,12 @@ void frmMain::mnuWriteDDInstall_Click() {
         GatherEntry();
         clsDDInstall& writer = records_.DDInstall();
         writer.Init(oAppObjects_, 2);
-        ReportWritten(writer.WriteDDInstall(records_.TavDB().Manufacturer(), records_.TavDB().Device()),
-                      "IDS_MSG_INS_GOOD", "IDS_MSG_INS_BAD", *menu_.mnuWriteDDInstall,
+        const bool isWritten =
+            writer.WriteDDInstall(records_.TavDB().Manufacturer(), records_.TavDB().Device());
+        if (isWritten) RememberPath(kDDInstallPathBox, writer.IniPath);
+        ReportWritten(isWritten, "IDS_MSG_INS_GOOD", "IDS_MSG_INS_BAD", *menu_.mnuWriteDDInstall,
                       *controls_.cmdWriteDDInstall);
+        LookAtTargetsSoon();
     });
 }
 
@@ -154,8 +160,7 @@ void frmMain::mnuSelectINI_Click() {
     RunCommand([&] {
         const std::string path = SelectINIFile();
         if (path.empty()) return;
-        controls_.txtMain[kIniPathBox]->SetText(path);
-        records_.PyxConfig().IniPath = path;
+        TakePath(kIniPathBox, path);
     });
 }
 
@@ -166,9 +171,13 @@ void frmMain::mnuSelectDDInstall_Click() {
 bool frmMain::ChooseDDInstallFile() {
     const std::string path = SelectDDInstallFile();
     if (path.empty()) return false;
-    controls_.txtMain[kDDInstallPathBox]->SetText(path);
-    records_.DDInstall().IniPath = path;
+    TakePath(kDDInstallPathBox, path);
     return true;
+}
+
+void frmMain::TakePath(std::size_t box, const std::string& path) {
+    controls_.txtMain[box]->SetText(path);
+    (box == kIniPathBox ? records_.PyxConfig().IniPath : records_.DDInstall().IniPath) = path;
 }
 
 void frmMain::mnuHelpContents_Click() {

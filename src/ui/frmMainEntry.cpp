@@ -14,6 +14,7 @@
 #include "entry/GatherEntry.h"
 #include "entry/VersionList.h"
 #include "ui/Captions.h"
+#include "ui/ControlNames.h"
 #include "ui/WxText.h"
 #include "ui/frmMain.h"
 
@@ -68,8 +69,11 @@ void frmMain::LoadFormText(int mode) {
 void frmMain::LoadCaptions() {
     captionsLoading_ = true;
     try {
-        for (const Caption& caption : Captions(*this, menu_, controls_))
-            caption.set(GetString(std::string(caption.key)) + std::string(caption.suffix));
+        for (const std::vector<Caption>& captions :
+             {Captions(*this, menu_, controls_), ListCaptions(controls_)}) {
+            for (const Caption& caption : captions)
+                caption.set(GetString(std::string(caption.key)) + std::string(caption.suffix));
+        }
     } catch (...) {
         captionsLoading_ = false;
         SetControlStates();
@@ -77,6 +81,7 @@ void frmMain::LoadCaptions() {
     }
     captionsLoading_ = false;
     hasCaptions_ = true;
+    NameControls(controls_, menu_);
     SetControlStates();
 }
 

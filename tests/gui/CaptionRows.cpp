@@ -1,6 +1,7 @@
 #include "gui/CaptionRows.h"
 
 #include <cstddef>
+#include <memory>
 
 #include "ui/WxText.h"
 
@@ -31,6 +32,11 @@ CaptionRow Button(const char* name, const char* key, wxButton* MainControls::*bu
 CaptionRow Label(const char* key, std::size_t index, const char* suffix = ":") {
     return {"lblMain" + std::to_string(index), key, suffix,
             [index](frmMain& window) { return FromWx(window.Controls().lblMain[index]->GetLabel()); }};
+}
+
+CaptionRow ListTip(const char* name, const char* key, std::unique_ptr<DropList> MainControls::*list) {
+    return {name, key, "",
+            [list](frmMain& window) { return FromWx((window.Controls().*list)->Button().GetToolTipText()); }};
 }
 
 }  // namespace
@@ -83,10 +89,18 @@ std::vector<CaptionRow> LabelCaptions() {
     };
 }
 
+std::vector<CaptionRow> ToolTipCaptions() {
+    return {
+        ListTip("lstDataSources", "IDS_TIP_SOURCES", &MainControls::lstDataSources),
+        ListTip("lstRecentDDInstall", "IDS_TIP_RECENT_DD", &MainControls::lstRecentDDInstall),
+        ListTip("lstRecentINI", "IDS_TIP_RECENT_INI", &MainControls::lstRecentINI),
+    };
+}
+
 std::vector<CaptionRow> AllCaptions() {
     std::vector<CaptionRow> all = WindowCaptions();
-    const std::vector<CaptionRow> labels = LabelCaptions();
-    all.insert(all.end(), labels.begin(), labels.end());
+    for (const std::vector<CaptionRow>& more : {LabelCaptions(), ToolTipCaptions()})
+        all.insert(all.end(), more.begin(), more.end());
     return all;
 }
 

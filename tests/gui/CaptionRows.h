@@ -22,7 +22,10 @@ std::vector<CaptionRow> WindowCaptions();
 /// The 23 labels in the order they are set.
 std::vector<CaptionRow> LabelCaptions();
 
-/// Both, the labels last.
+/// The tool tips that come from the dictionary.
+std::vector<CaptionRow> ToolTipCaptions();
+
+/// All of them, the tool tips last.
 std::vector<CaptionRow> AllCaptions();
 
 }  // namespace ventlock::test

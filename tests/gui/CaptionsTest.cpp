@@ -42,6 +42,7 @@ TEST_P(Caption, IsTheTextOfItsKeyAndItsSuffix) {
 
 INSTANTIATE_TEST_SUITE_P(Window, Caption, testing::ValuesIn(WindowCaptions()), RowName());
 INSTANTIATE_TEST_SUITE_P(Labels, Caption, testing::ValuesIn(LabelCaptions()), RowName());
+INSTANTIATE_TEST_SUITE_P(ToolTips, Caption, testing::ValuesIn(ToolTipCaptions()), RowName());
 
 std::string Shown(const std::string& name, frmMain& window) {
     for (const CaptionRow& row : AllCaptions()) {
@@ -143,7 +144,9 @@ TEST(Captions, MayBeEmptyInTheDictionary) {
 /// The captions of a window and all that stands in it.
 void CollectTexts(const wxWindow& window, std::vector<std::string>& texts) {
     for (const wxWindow* child : window.GetChildren()) {
-        if (dynamic_cast<const wxStaticText*>(child) != nullptr ||
+        // The texts below the paths tell of files, and are empty without anything to tell.
+        const bool isState = child->GetName().EndsWith("State");
+        if ((dynamic_cast<const wxStaticText*>(child) != nullptr && !isState) ||
             dynamic_cast<const wxButton*>(child) != nullptr) {
             texts.push_back(FromWx(child->GetLabel()));
         }
@@ -151,7 +154,7 @@ void CollectTexts(const wxWindow& window, std::vector<std::string>& texts) {
     }
 }
 
-TEST(Captions, LeaveNoLiteralTextInTheWindowButTheDotsOfTwoButtons) {
+TEST(Captions, LeaveNoLiteralTextInTheWindowButTheDotsAndArrowsOfButtons) {
     GuiWorld world;
     world.createDictionary = [] { return std::make_shared<RecordingDictionary>(); };
     frmMain& window = world.Start();
@@ -164,15 +167,19 @@ TEST(Captions, LeaveNoLiteralTextInTheWindowButTheDotsOfTwoButtons) {
         }
     }
     int dots = 0;
+    int arrows = 0;
     for (const std::string& text : texts) {
         if (text == "...") {
             ++dots;
+        } else if (text == "\u25BE") {
+            ++arrows;
         } else {
             EXPECT_THAT(text, testing::AllOf(testing::StartsWith("IDS_"), testing::HasSubstr(" in EN")));
         }
     }
     EXPECT_EQ(dots, 2);
-    EXPECT_EQ(texts.size(), 1u + 23u + 7u + 1u + 3u + 13u) << "title, labels, buttons, status, menus, items";
+    EXPECT_EQ(arrows, 3);
+    EXPECT_EQ(texts.size(), 1u + 23u + 10u + 1u + 3u + 13u) << "title, labels, buttons, status, menus, items";
 }
 
 }  // namespace

@@ -139,7 +139,8 @@ frmMain& GuiWorld::Make() {
                      .fileDialog = fileDialog,
                      .help = help,
                      .createEngine = Journaled(Failing(createEngine, failure), journal_, StatementMode::Run),
-                     .createDictionary = createDictionary});
+                     .createDictionary = createDictionary,
+                     .listDataSources = listDataSources});
     return *window_;
 }
 

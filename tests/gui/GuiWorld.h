@@ -87,6 +87,7 @@ class GuiWorld {
     FakeHelp help;
     StatementFailure failure;  ///< makes a statement fail
     std::function<std::shared_ptr<IDictionary>()> createDictionary;
+    std::function<std::vector<DataSource>()> listDataSources = ListDataSources;
     EngineFactory createEngine;  ///< the real one unless a test wants another
     DatabaseTimeLimits timeLimits;
     std::function<void()> whileYielding;  ///< once it is set, every yield dispatches and runs it first

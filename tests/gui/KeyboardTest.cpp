@@ -63,8 +63,9 @@ class Keyboard : public testing::Test {
 
 TEST_F(Keyboard, TabsThroughGeneralInReadingOrder) {
     EXPECT_EQ(TabOrder(kGeneralTab, Box(kDataSourceBox)),
-              Stops({"txtMain(0)", "cmdSwitchDSN", "txtMain(1)", "cmdSelectDDInstall", "txtMain(2)",
-                     "cmdSelectINI", "cmdWriteDB", "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"}));
+              Stops({"txtMain(0)", "lstDataSources", "cmdSwitchDSN", "txtMain(1)", "lstRecentDDInstall",
+                     "cmdSelectDDInstall", "txtMain(2)", "lstRecentINI", "cmdSelectINI", "cmdWriteDB",
+                     "cmdWriteINI", "cmdWriteDDInstall", "cmdClose"}));
 }
 
 TEST_F(Keyboard, TabsThroughManufacturerInReadingOrder) {
@@ -99,6 +100,8 @@ TEST_F(Keyboard, GoesBackWithShiftAndTab) {
     ASSERT_TRUE(ReadyToType(Box(kDDInstallPathBox)));
     PressKey(WXK_TAB, wxMOD_SHIFT);
     WaitUntil("the button before", [] { return Focused() == "cmdSwitchDSN"; });
+    PressKey(WXK_TAB, wxMOD_SHIFT);
+    WaitUntil("the arrow before", [] { return Focused() == "lstDataSources"; });
     PressKey(WXK_TAB, wxMOD_SHIFT);
     WaitUntil("the field before", [] { return Focused() == "txtMain(0)"; });
 }

@@ -49,7 +49,8 @@ class Reentry : public testing::Test {
                 .cboDevRev_Change = evaluate,
                 .cboDDRev_Change = evaluate,
                 .cboHARTRev_Change = evaluate,
-                .lstTAVVersionSupport_Click = evaluate};
+                .lstTAVVersionSupport_Click = evaluate,
+                .dropDown = [](std::size_t) {}};
     }
 
     int changes_ = 0;  ///< of the revision name

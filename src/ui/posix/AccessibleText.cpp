@@ -26,8 +26,9 @@ void NameArrow(GtkWidget* part, gpointer name) {
 void SetAccessibleName(wxWindow& control, const std::string& name) {
     GtkWidget* widget = control.GetHandle();
     GtkWidget* part = KeyboardPart(widget);
+    if (part == widget && GTK_IS_COMBO_BOX(widget)) return;  // its name tells what is chosen
     atk_object_set_name(gtk_widget_get_accessible(part), name.c_str());
-    if (part == widget || !GTK_IS_COMBO_BOX(widget)) return;
+    if (!GTK_IS_COMBO_BOX(widget)) return;
     std::string whole = name + " \u25BE";  // the arrow is a stop of the keyboard of its own
     atk_object_set_name(gtk_widget_get_accessible(widget), name.c_str());
     gtk_container_forall(GTK_CONTAINER(widget), NameArrow, whole.data());

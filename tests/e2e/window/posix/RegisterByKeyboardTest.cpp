@@ -52,11 +52,13 @@ class RegisterByKeyboard : public testing::Test {
         dataSource.ExpectFocused();
         dataSource.ExpectText("PYX");
         dataSource.Press("Tab");
+        program.Window("Ventlock").Press("Tab");  // over the arrow of its list
         program.Button("Switch").ExpectFocused();
         program.Button("Switch").Press("Tab");
         program.Field("DDInstall File").ExpectFocused();
         program.Field("DDInstall File").Replace(world_.Path("Ddinstal.ini"));
         program.Field("DDInstall File").Press("Tab");
+        program.Window("Ventlock").Press("Tab");  // over the arrow of its list
         program.Window("Ventlock").Press("Tab");
         program.Field("PYX.ini Path").ExpectFocused();
         program.Field("PYX.ini Path").Replace(world_.Path("Pyx.ini"));
