@@ -90,6 +90,17 @@ std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainCont
     };
 }
 
+std::vector<Caption> ToolCaptions(MainMenu& menu) {
+    return {
+        {"IDS_MNU_TOOLS", "",
+         [&menu](const std::string& text) {
+             constexpr std::size_t kTools = 3;
+             menu.bar->SetMenuLabel(kTools, ToWx(text));
+         }},
+        {"IDS_MNU_LOG", "", Item(menu.mnuLog)},
+    };
+}
+
 std::vector<Caption> ListCaptions(MainControls& controls) {
     return {
         {"IDS_TIP_SOURCES", "", ToolTip(&controls.lstDataSources->Button())},

@@ -22,6 +22,9 @@ struct Caption {
 /// All captions in the order they are set: title and menus, tabs, buttons, then the labels tab by tab.
 std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainControls& controls);
 
+/// Those of the menu "Tools", which come behind them.
+std::vector<Caption> ToolCaptions(MainMenu& menu);
+
 /// The tool tips of the lists that drop down from fields, which come last; those of everything else are
 /// fixed.
 std::vector<Caption> ListCaptions(MainControls& controls);

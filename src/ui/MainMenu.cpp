@@ -32,10 +32,13 @@ MainMenu::MainMenu()
       mnuHelpContents(Add(*mnuHelp, "&Contents...")),
       mnuHelpSearch(Add(*mnuHelp, "&Search for Help on...")),
       mnuHelpSep1(mnuHelp->AppendSeparator()),
-      mnuHelpAbout(Add(*mnuHelp, "&About...")) {
+      mnuHelpAbout(Add(*mnuHelp, "&About...")),
+      mnuTools(new wxMenu),
+      mnuLog(Add(*mnuTools, "&Log Entries")) {
     bar->Append(mnuFile, "&File");
     bar->Append(mnuEdit, "&Edit");
     bar->Append(mnuHelp, "&Help");
+    bar->Append(mnuTools, "&Tools");
     for (wxMenuItem* item : {mnuWriteDB, mnuWriteINI, mnuWriteDDInstall}) item->Enable(false);
 }
 

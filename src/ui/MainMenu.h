@@ -36,6 +36,8 @@ class MainMenu {
     wxMenuItem* mnuHelpSearch;
     wxMenuItem* mnuHelpSep1;
     wxMenuItem* mnuHelpAbout;
+    wxMenu* mnuTools;
+    wxMenuItem* mnuLog;
 };
 
 }  // namespace ventlock

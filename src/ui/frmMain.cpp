@@ -45,6 +45,7 @@ frmMain::frmMain(const WindowServices& services)
 }
 
 frmMain::~frmMain() {
+    delete log_.get();  // before what it works with
     UseDictionary(nullptr);
     UseModuleMessageBox(nullptr);
 }
@@ -82,6 +83,7 @@ void frmMain::BindEvents() {
     onMenu(menu_.mnuHelpContents, &frmMain::mnuHelpContents_Click);
     onMenu(menu_.mnuHelpSearch, &frmMain::mnuHelpSearch_Click);
     onMenu(menu_.mnuHelpAbout, &frmMain::mnuHelpAbout_Click);
+    onMenu(menu_.mnuLog, &frmMain::mnuLog_Click);
 
     onButton(controls_.cmdSwitchDSN, &frmMain::cmdSwitchDSN_Click);
     onButton(controls_.cmdSelectDDInstall, &frmMain::mnuSelectDDInstall_Click);

@@ -2,6 +2,7 @@
 
 #include <wx/frame.h>
 #include <wx/scrolwin.h>
+#include <wx/weakref.h>
 
 #include <cstdint>
 #include <exception>
@@ -27,6 +28,7 @@
 #include "ui/MainControls.h"
 #include "ui/MainMenu.h"
 #include "ui/TargetWatch.h"
+#include "ui/frmLog.h"
 
 namespace ventlock {
 
@@ -110,6 +112,9 @@ class frmMain final : public wxFrame {
     void mnuHelpSearch_Click();
     void mnuHelpAbout_Click();
 
+    /// Opens the window with the log entries, or brings it to the front.
+    void mnuLog_Click();
+
     /// Connects to the data source named in the first field, which "Pyx.ini" then names too. What the fields
     /// show stays; the objects behind them are fresh.
     void cmdSwitchDSN_Click();
@@ -125,6 +130,7 @@ class frmMain final : public wxFrame {
 
     [[nodiscard]] MainControls& Controls() noexcept { return controls_; }
     [[nodiscard]] MainMenu& Menu() noexcept { return menu_; }
+    [[nodiscard]] frmLog* LogWindow() const noexcept { return log_.get(); }  ///< nullptr while it is closed
     [[nodiscard]] EntryRecords& Records() noexcept { return records_; }
     [[nodiscard]] const AppObjects& Objects() const noexcept { return oAppObjects_; }
     [[nodiscard]] const CommonDialog& cmndlgDB() const noexcept { return cmndlgDB_; }
@@ -197,6 +203,7 @@ class frmMain final : public wxFrame {
     EntryRecords records_;
     TargetWatch ddInstallWatch_;
     TargetWatch iniWatch_;
+    wxWeakRef<frmLog> log_;
     std::string offeredVersions_;
     CommonDialog cmndlgDB_;
     std::int16_t schemaVersion_ = 0;

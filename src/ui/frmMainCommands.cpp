@@ -196,6 +196,16 @@ void frmMain::ShowHelp() {
     });
 }
 
+void frmMain::mnuLog_Click() {
+    Guarded(&oAppObjects_, "fMlog", false, [&](StepLabel&) {
+        if (!log_) log_ = new frmLog(this, oAppObjects_, services_.clipboard);
+        if (log_->IsIconized()) log_->Iconize(false);
+        log_->Show();
+        log_->Raise();
+        return true;
+    });
+}
+
 void frmMain::mnuHelpAbout_Click() {
     RunCommand([&] { frmAbout(this, services_.host, services_.messages).ShowModal(); });
 }

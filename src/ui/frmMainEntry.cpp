@@ -70,7 +70,7 @@ void frmMain::LoadCaptions() {
     captionsLoading_ = true;
     try {
         for (const std::vector<Caption>& captions :
-             {Captions(*this, menu_, controls_), ListCaptions(controls_)}) {
+             {Captions(*this, menu_, controls_), ToolCaptions(menu_), ListCaptions(controls_)}) {
             for (const Caption& caption : captions)
                 caption.set(GetString(std::string(caption.key)) + std::string(caption.suffix));
         }

@@ -141,6 +141,7 @@ void frmMain::OnClose(wxCloseEvent& event) {
 void frmMain::Unload() {
     if (isUnloading_) return;
     Form_Unload();
+    if (log_) log_->Close(true);
     Hide();
 }
 

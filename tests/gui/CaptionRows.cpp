@@ -89,6 +89,13 @@ std::vector<CaptionRow> LabelCaptions() {
     };
 }
 
+std::vector<CaptionRow> ToolsMenuCaptions() {
+    return {
+        Bar("mnuTools", "IDS_MNU_TOOLS", 3),
+        Item("mnuLog", "IDS_MNU_LOG", &MainMenu::mnuLog),
+    };
+}
+
 std::vector<CaptionRow> ToolTipCaptions() {
     return {
         ListTip("lstDataSources", "IDS_TIP_SOURCES", &MainControls::lstDataSources),
@@ -99,7 +106,7 @@ std::vector<CaptionRow> ToolTipCaptions() {
 
 std::vector<CaptionRow> AllCaptions() {
     std::vector<CaptionRow> all = WindowCaptions();
-    for (const std::vector<CaptionRow>& more : {LabelCaptions(), ToolTipCaptions()})
+    for (const std::vector<CaptionRow>& more : {LabelCaptions(), ToolsMenuCaptions(), ToolTipCaptions()})
         all.insert(all.end(), more.begin(), more.end());
     return all;
 }

@@ -22,6 +22,9 @@ std::vector<CaptionRow> WindowCaptions();
 /// The 23 labels in the order they are set.
 std::vector<CaptionRow> LabelCaptions();
 
+/// The captions of the menu "Tools".
+std::vector<CaptionRow> ToolsMenuCaptions();
+
 /// The tool tips that come from the dictionary.
 std::vector<CaptionRow> ToolTipCaptions();
 

@@ -42,6 +42,7 @@ TEST_P(Caption, IsTheTextOfItsKeyAndItsSuffix) {
 
 INSTANTIATE_TEST_SUITE_P(Window, Caption, testing::ValuesIn(WindowCaptions()), RowName());
 INSTANTIATE_TEST_SUITE_P(Labels, Caption, testing::ValuesIn(LabelCaptions()), RowName());
+INSTANTIATE_TEST_SUITE_P(Tools, Caption, testing::ValuesIn(ToolsMenuCaptions()), RowName());
 INSTANTIATE_TEST_SUITE_P(ToolTips, Caption, testing::ValuesIn(ToolTipCaptions()), RowName());
 
 std::string Shown(const std::string& name, frmMain& window) {
@@ -179,7 +180,7 @@ TEST(Captions, LeaveNoLiteralTextInTheWindowButTheDotsAndArrowsOfButtons) {
     }
     EXPECT_EQ(dots, 2);
     EXPECT_EQ(arrows, 3);
-    EXPECT_EQ(texts.size(), 1u + 23u + 10u + 1u + 3u + 13u) << "title, labels, buttons, status, menus, items";
+    EXPECT_EQ(texts.size(), 1u + 23u + 10u + 1u + 4u + 14u) << "title, labels, buttons, status, menus, items";
 }
 
 }  // namespace

@@ -173,6 +173,10 @@ TEST_F(OpenedMenus, AreHelpWithAltAndH) {
     ExpectOpenedBy('H', world_.Window().Menu().mnuHelp);
 }
 
+TEST_F(OpenedMenus, AreToolsWithAltAndT) {
+    ExpectOpenedBy('T', world_.Window().Menu().mnuTools);
+}
+
 TEST_F(Keyboard, ChangesTheDataSourceWithEnter) {
     const SqliteDatabase other(DeviceSchema::Old);
     ASSERT_TRUE(ReadyToType(Box(kDataSourceBox)));

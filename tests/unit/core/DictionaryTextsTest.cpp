@@ -39,11 +39,12 @@ const Keys kKeysBeforeDots = {"IDS_MNU_SELECT_DD", "IDS_MNU_SELECT_INI", "IDS_MN
                               "IDS_MNU_HELP_CONTENTS", "IDS_MNU_HELP_ABOUT"};
 
 const std::map<std::string, Keys> kMenus = {
-    {"menu bar", {"IDS_MNU_FILE", "IDS_MNU_EDIT", "IDS_MNU_HELP"}},
+    {"menu bar", {"IDS_MNU_FILE", "IDS_MNU_EDIT", "IDS_MNU_HELP", "IDS_MNU_TOOLS"}},
     {"File",
      {"IDS_MNU_SELECT_DD", "IDS_MNU_SELECT_INI", "IDS_MNU_WRITE_DB", "IDS_MNU_WRITE_INI", "IDS_MNU_WRITE_DD",
       "IDS_MNU_FILE_EXIT"}},
     {"Edit", {"IDS_MNU_EDIT_CUT", "IDS_MNU_EDIT_COPY", "IDS_MNU_EDIT_PASTE", "IDS_MNU_CLEAR"}},
+    {"Tools", {"IDS_MNU_LOG"}},
     {"Help", {"IDS_MNU_HELP_CONTENTS", "IDS_MNU_HELP_INDEX", "IDS_MNU_HELP_ABOUT"}},
 };
 

@@ -49,7 +49,8 @@ INSTANTIATE_TEST_SUITE_P(
                     CaptionRow{"MNU_HELP", "", "&Help"},
                     CaptionRow{"MNU_HELP_CONTENTS", "...", "&Contents..."},
                     CaptionRow{"MNU_HELP_INDEX", "...", "&Search for Help on..."},
-                    CaptionRow{"MNU_HELP_ABOUT", "...", "&About..."}),
+                    CaptionRow{"MNU_HELP_ABOUT", "...", "&About..."}, CaptionRow{"MNU_TOOLS", "", "&Tools"},
+                    CaptionRow{"MNU_LOG", "", "&Log Entries"}),
     RowName());
 
 INSTANTIATE_TEST_SUITE_P(
