@@ -67,7 +67,8 @@ void frmLog::Arrange() {
     txtEntries =
         new wxTextCtrl(contents, wxID_ANY, wxEmptyString, wxDefaultPosition, wxDefaultSize,
                        wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP, wxDefaultValidator, "txtEntries");
-    txtEntries->SetMinSize(wxSize(kColumns, kRows) * txtEntries->GetCharHeight() / 2);
+    txtEntries->SetMinSize(
+        wxSize(kColumns * txtEntries->GetCharWidth(), kRows * txtEntries->GetCharHeight()));
     SetAccessibleName(*txtEntries, FromWx(GetTitle()));
     const auto button = [&](const char* name, const char* key) {
         return new wxButton(contents, wxID_ANY, ToWx(GetString(key)), wxDefaultPosition, wxDefaultSize, 0,
