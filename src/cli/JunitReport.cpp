@@ -7,9 +7,9 @@
 #include <sstream>
 #include <vector>
 
+#include "base/ShownText.h"
 #include "base/Utf.h"
 #include "cli/ReportCases.h"
-#include "cli/ShownText.h"
 
 namespace ventlock {
 namespace {

@@ -117,7 +117,7 @@ void RegisterPlan::WriteFindings(const std::vector<FileFindings>& findings) {
             list.push_back(Console::FindingJson(file.path, finding));
             const bool isNews = finding.severity == Severity::Warning;
             if (!console_.isJson && !(isNews && console_.isQuiet)) {
-                console_.WriteProblem(Console::FindingLine(file.path, finding));
+                console_.WriteProblem(FindingLine(file.path, finding));
             }
         }
     }

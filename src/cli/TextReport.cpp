@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdio>
 
+#include "base/ShownText.h"
 #include "cli/ReportCases.h"
-#include "cli/ShownText.h"
 
 namespace ventlock {
 namespace {

@@ -21,6 +21,9 @@ struct Finding {
     bool operator==(const Finding&) const = default;
 };
 
+/// `path:line: error|warning [id] text`
+std::string FindingLine(const std::string& path, const Finding& finding);
+
 /// One key of an entry file: its name and what an entry without it has.
 struct EntryKey {
     std::string_view name;

@@ -158,6 +158,13 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{"Utf16WithoutAMark", Utf16("[A]").substr(2), {NotText(1)}}),
     RowName());
 
+TEST(FindingLine, NamesPathLineSeverityAndId) {
+    EXPECT_EQ(FindingLine("a/b.ini", {7, kError, "hex-digits", "no number"}),
+              "a/b.ini:7: error [hex-digits] no number");
+    EXPECT_EQ(FindingLine("b.ini", {0, Severity::Warning, "too-wide", "too wide"}),
+              "b.ini:0: warning [too-wide] too wide");
+}
+
 TEST(EntryFile, AHalfCharacterOfUtf16IsNoText) {
     EXPECT_EQ(ParseEntryFile("\xFF\xFE[\0A\0]\0\n\0\x00\xD8\n\0"s).findings,
               std::vector<Finding>{NotText(2)});
