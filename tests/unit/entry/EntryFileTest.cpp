@@ -243,6 +243,20 @@ TEST(EntryKeys, HaveTheDefaultsOfACleanSettingsStore) {
         "TAVVersions=5.0\nProtocol=\nMajorCategory=\nMinorCategory=\n");
 }
 
+TEST(HoldsEntryKey, IsTrueForOneKeyAmongAnything) {
+    EXPECT_TRUE(HoldsEntryKey("[A]\nmanid = 1\nOther=2\nnothing"));
+    EXPECT_TRUE(HoldsEntryKey("DevName="));
+    EXPECT_TRUE(HoldsEntryKey("\xEF\xBB\xBF[A]\r\nProtocol=HART\r\n"));
+    EXPECT_TRUE(HoldsEntryKey(Utf16("[A]\nManID=1\n")));
+}
+
+TEST(HoldsEntryKey, IsFalseForWhatMayStillBeAnEntryFile) {
+    for (const std::string& bytes :
+         {""s, "[A]\n"s, "; ManID=1\n"s, "\x89PNG\r\n\x1A\n\0"s, "[Devices]\nA=B\n"s, "ManID\n"s}) {
+        EXPECT_FALSE(HoldsEntryKey(bytes)) << bytes;
+    }
+}
+
 }  // namespace
 }  // namespace test
 }  // namespace ventlock
