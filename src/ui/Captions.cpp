@@ -86,4 +86,16 @@ std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainCont
     };
 }
 
+std::vector<Caption> ToolCaptions(MainMenu& menu) {
+    return {
+        {"IDS_MNU_TOOLS", "",
+         [&menu](const std::string& text) {
+             constexpr std::size_t kTools = 3;
+             menu.bar->SetMenuLabel(kTools, ToWx(text));
+         }},
+        {"IDS_MNU_OPEN_ENTRY", "...", Item(menu.mnuOpenEntry)},
+        {"IDS_MNU_SAVE_ENTRY", "...", Item(menu.mnuSaveEntry)},
+    };
+}
+
 }  // namespace ventlock

@@ -22,4 +22,7 @@ struct Caption {
 /// All captions in the order they are set: title and menus, tabs, buttons, then the labels tab by tab.
 std::vector<Caption> Captions(wxTopLevelWindow& window, MainMenu& menu, MainControls& controls);
 
+/// Those of the menu "Tools", which come behind them.
+std::vector<Caption> ToolCaptions(MainMenu& menu);
+
 }  // namespace ventlock

@@ -76,6 +76,8 @@ void frmMain::BindEvents() {
     onMenu(menu_.mnuHelpContents, &frmMain::mnuHelpContents_Click);
     onMenu(menu_.mnuHelpSearch, &frmMain::mnuHelpSearch_Click);
     onMenu(menu_.mnuHelpAbout, &frmMain::mnuHelpAbout_Click);
+    onMenu(menu_.mnuOpenEntry, &frmMain::mnuOpenEntry_Click);
+    onMenu(menu_.mnuSaveEntry, &frmMain::mnuSaveEntry_Click);
 
     onButton(controls_.cmdSwitchDSN, &frmMain::cmdSwitchDSN_Click);
     onButton(controls_.cmdSelectDDInstall, &frmMain::mnuSelectDDInstall_Click);

@@ -7,14 +7,18 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/AppObjects.h"
 #include "core/Guarded.h"
 #include "core/TavDictionary.h"
 #include "db/clsConnection.h"
+#include "entry/EntryFile.h"
 #include "entry/EntryRecords.h"
+#include "entry/EntryToForm.h"
 #include "platform/Host.h"
 #include "platform/IEvents.h"
 #include "platform/ProfileEdit.h"
@@ -106,6 +110,13 @@ class frmMain final : public wxFrame {
     void mnuHelpSearch_Click();
     void mnuHelpAbout_Click();
 
+    /// Shows an entry of a file in the fields, in place of the one that is there. What the file lacks is
+    /// shown as by default; a file with errors changes nothing.
+    void mnuOpenEntry_Click();
+
+    /// Writes what the fields hold into an entry file.
+    void mnuSaveEntry_Click();
+
     /// Connects to the data source named in the first field, which "Pyx.ini" then names too. What the fields
     /// show stays; the objects behind them are fresh.
     void cmdSwitchDSN_Click();
@@ -143,6 +154,7 @@ class frmMain final : public wxFrame {
     void LoadDictionary();
     void SettingsToEntry();
     void LoadCaptions();
+    void LoadToolCaptions();
     void LoadEntry(StepLabel& step);
     void ShowCurrentSchemaFields(StepLabel& step);
     void FitContents();
@@ -163,8 +175,20 @@ class frmMain final : public wxFrame {
                        wxButton& button);
     bool ChooseDDInstallFile();
     std::string AskForFile(std::string_view tag, int flags, const char* filterKey, int preselected,
-                           std::size_t box, const wxString& title);
+                           std::size_t box, const std::string& title);
+    void ShowINIPath(const std::string& path);
+    void ShowDDInstallPath(const std::string& path);
     void ShowHelp();
+
+    std::string AskForEntryFile(int flags, const wxMenuItem& item);
+    void OpenEntryFile(const std::string& path, StepLabel& step);
+    const FileEntry* ChooseEntry(const EntryFile& file);
+    void ShowOpened(const FileEntry& entry, const EntryForm& form);
+    void ShowCurrentSchemaPart(const EntryForm& form);
+    void ShowRestOfOpened();
+    [[nodiscard]] ReferenceLists ShownLists() const;
+    void TellFindings(const char* key, const std::string& path, const std::vector<Finding>& findings);
+    void SaveEntryFile(const std::string& path, StepLabel& step);
 
     WindowServices services_;
     MainMenu menu_;
@@ -178,6 +202,8 @@ class frmMain final : public wxFrame {
     AppObjects oAppObjects_;
     EntryRecords records_;
     std::string offeredVersions_;
+    std::string entryPath_;            ///< of the entry file opened or saved last
+    std::optional<FileEntry> opened_;  ///< with what the fields of an old schema do not show
     CommonDialog cmndlgDB_;
     std::int16_t schemaVersion_ = 0;
     bool isConnected_ = false;

@@ -140,6 +140,15 @@ TEST(Captions, MayBeEmptyInTheDictionary) {
     EXPECT_EQ(window.Menu().mnuCut->GetItemLabel(), " \tCtrl+X");
 }
 
+TEST(Captions, OfTheMenuToolsFollowTheLanguageAndKeepTheirShortcuts) {
+    GuiWorld world;
+    world.host.locale.languageName = "Deutsch (Deutschland)";
+    const MainMenu& menu = world.Start().Menu();
+    EXPECT_EQ(menu.bar->GetMenuLabel(3), "E&xtras");
+    EXPECT_EQ(FromWx(menu.mnuOpenEntry->GetItemLabel()), "Eintrag \u00F6&ffnen...\tCtrl+O");
+    EXPECT_EQ(FromWx(menu.mnuSaveEntry->GetItemLabel()), "Eintrag &speichern unter...\tCtrl+S");
+}
+
 /// The captions of a window and all that stands in it.
 void CollectTexts(const wxWindow& window, std::vector<std::string>& texts) {
     for (const wxWindow* child : window.GetChildren()) {
@@ -172,7 +181,7 @@ TEST(Captions, LeaveNoLiteralTextInTheWindowButTheDotsOfTwoButtons) {
         }
     }
     EXPECT_EQ(dots, 2);
-    EXPECT_EQ(texts.size(), 1u + 23u + 7u + 1u + 3u + 13u) << "title, labels, buttons, status, menus, items";
+    EXPECT_EQ(texts.size(), 1u + 23u + 7u + 1u + 4u + 15u) << "title, labels, buttons, status, menus, items";
 }
 
 }  // namespace

@@ -37,13 +37,15 @@ class Menus : public testing::Test {
 
 TEST_F(Menus, StandInTheMenuBar) {
     ASSERT_EQ(world_.Window().GetMenuBar(), menu_.bar);
-    ASSERT_EQ(menu_.bar->GetMenuCount(), 3u);
+    ASSERT_EQ(menu_.bar->GetMenuCount(), 4u);
     EXPECT_EQ(menu_.bar->GetMenuLabel(0), "&File");
     EXPECT_EQ(menu_.bar->GetMenuLabel(1), "&Edit");
     EXPECT_EQ(menu_.bar->GetMenuLabel(2), "&Help");
+    EXPECT_EQ(menu_.bar->GetMenuLabel(3), "&Tools");
     EXPECT_EQ(menu_.bar->GetMenu(0), menu_.mnuFile);
     EXPECT_EQ(menu_.bar->GetMenu(1), menu_.mnuEdit);
     EXPECT_EQ(menu_.bar->GetMenu(2), menu_.mnuHelp);
+    EXPECT_EQ(menu_.bar->GetMenu(3), menu_.mnuTools);
 }
 
 TEST_F(Menus, OfferFilesWritingAndTheEndUnderFile) {
@@ -72,9 +74,14 @@ TEST_F(Menus, OfferHelpAndTheAboutBoxUnderHelp) {
                                  {menu_.mnuHelpAbout, "&About..."}});
 }
 
+TEST_F(Menus, OfferEntryFilesUnderTools) {
+    ExpectItems(*menu_.mnuTools, {{menu_.mnuOpenEntry, "&Open Entry...\tCtrl+O"},
+                                  {menu_.mnuSaveEntry, "&Save Entry As...\tCtrl+S"}});
+}
+
 TEST_F(Menus, DisableOnlyTheWriteCommandsAtFirst) {
     std::vector<std::string> disabled;
-    for (const wxMenu* menu : {menu_.mnuFile, menu_.mnuEdit, menu_.mnuHelp}) {
+    for (const wxMenu* menu : {menu_.mnuFile, menu_.mnuEdit, menu_.mnuHelp, menu_.mnuTools}) {
         for (const wxMenuItem* item : menu->GetMenuItems())
             if (!item->IsSeparator() && !item->IsEnabled()) disabled.push_back(FromWx(item->GetItemLabel()));
     }
@@ -83,7 +90,7 @@ TEST_F(Menus, DisableOnlyTheWriteCommandsAtFirst) {
 
 TEST_F(Menus, KeepAnAccessLetterOfTheirOwnWhenTheWindowIsLoaded) {
     world_.Window().Form_Load();
-    for (const wxMenu* menu : {menu_.mnuFile, menu_.mnuEdit, menu_.mnuHelp}) {
+    for (const wxMenu* menu : {menu_.mnuFile, menu_.mnuEdit, menu_.mnuHelp, menu_.mnuTools}) {
         std::string letters;
         for (const wxMenuItem* item : menu->GetMenuItems()) {
             if (item->IsSeparator()) continue;
