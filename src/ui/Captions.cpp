@@ -95,6 +95,7 @@ std::vector<Caption> ToolCaptions(MainMenu& menu) {
          }},
         {"IDS_MNU_OPEN_ENTRY", "...", Item(menu.mnuOpenEntry)},
         {"IDS_MNU_SAVE_ENTRY", "...", Item(menu.mnuSaveEntry)},
+        {"IDS_MNU_PREVIEW", "...", Item(menu.mnuPreview)},
     };
 }
 

@@ -35,7 +35,9 @@ MainMenu::MainMenu()
       mnuHelpAbout(Add(*mnuHelp, "&About...")),
       mnuTools(new wxMenu),
       mnuOpenEntry(Add(*mnuTools, "&Open Entry...\tCtrl+O")),
-      mnuSaveEntry(Add(*mnuTools, "&Save Entry As...\tCtrl+S")) {
+      mnuSaveEntry(Add(*mnuTools, "&Save Entry As...\tCtrl+S")),
+      mnuToolsSep1(mnuTools->AppendSeparator()),
+      mnuPreview(Add(*mnuTools, "&Preview...")) {
     bar->Append(mnuFile, "&File");
     bar->Append(mnuEdit, "&Edit");
     bar->Append(mnuHelp, "&Help");

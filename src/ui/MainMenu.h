@@ -42,6 +42,8 @@ class MainMenu {
     wxMenu* mnuTools;
     wxMenuItem* mnuOpenEntry;
     wxMenuItem* mnuSaveEntry;
+    wxMenuItem* mnuToolsSep1;
+    wxMenuItem* mnuPreview;
 };
 
 }  // namespace ventlock

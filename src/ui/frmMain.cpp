@@ -78,6 +78,7 @@ void frmMain::BindEvents() {
     onMenu(menu_.mnuHelpAbout, &frmMain::mnuHelpAbout_Click);
     onMenu(menu_.mnuOpenEntry, &frmMain::mnuOpenEntry_Click);
     onMenu(menu_.mnuSaveEntry, &frmMain::mnuSaveEntry_Click);
+    onMenu(menu_.mnuPreview, &frmMain::mnuPreview_Click);
 
     onButton(controls_.cmdSwitchDSN, &frmMain::cmdSwitchDSN_Click);
     onButton(controls_.cmdSelectDDInstall, &frmMain::mnuSelectDDInstall_Click);

@@ -28,6 +28,7 @@
 #include "ui/IHelp.h"
 #include "ui/MainControls.h"
 #include "ui/MainMenu.h"
+#include "ui/frmPreview.h"
 
 namespace ventlock {
 
@@ -117,6 +118,9 @@ class frmMain final : public wxFrame {
     /// Writes what the fields hold into an entry file.
     void mnuSaveEntry_Click();
 
+    /// Shows what each of the three write commands would write now. Writes nothing.
+    void mnuPreview_Click();
+
     /// Connects to the data source named in the first field, which "Pyx.ini" then names too. What the fields
     /// show stays; the objects behind them are fresh.
     void cmdSwitchDSN_Click();
@@ -189,6 +193,7 @@ class frmMain final : public wxFrame {
     [[nodiscard]] ReferenceLists ShownLists() const;
     void TellFindings(const char* key, const std::string& path, const std::vector<Finding>& findings);
     void SaveEntryFile(const std::string& path, StepLabel& step);
+    frmPreview::Texts PreviewTexts(const frmPreview& box);
 
     WindowServices services_;
     MainMenu menu_;

@@ -147,6 +147,7 @@ TEST(Captions, OfTheMenuToolsFollowTheLanguageAndKeepTheirShortcuts) {
     EXPECT_EQ(menu.bar->GetMenuLabel(3), "E&xtras");
     EXPECT_EQ(FromWx(menu.mnuOpenEntry->GetItemLabel()), "Eintrag \u00F6&ffnen...\tCtrl+O");
     EXPECT_EQ(FromWx(menu.mnuSaveEntry->GetItemLabel()), "Eintrag &speichern unter...\tCtrl+S");
+    EXPECT_EQ(FromWx(menu.mnuPreview->GetItemLabel()), "&Vorschau...");
 }
 
 /// The captions of a window and all that stands in it.
@@ -181,7 +182,7 @@ TEST(Captions, LeaveNoLiteralTextInTheWindowButTheDotsOfTwoButtons) {
         }
     }
     EXPECT_EQ(dots, 2);
-    EXPECT_EQ(texts.size(), 1u + 23u + 7u + 1u + 4u + 15u) << "title, labels, buttons, status, menus, items";
+    EXPECT_EQ(texts.size(), 1u + 23u + 7u + 1u + 4u + 16u) << "title, labels, buttons, status, menus, items";
 }
 
 }  // namespace

@@ -74,9 +74,11 @@ TEST_F(Menus, OfferHelpAndTheAboutBoxUnderHelp) {
                                  {menu_.mnuHelpAbout, "&About..."}});
 }
 
-TEST_F(Menus, OfferEntryFilesUnderTools) {
+TEST_F(Menus, OfferEntryFilesAndThePreviewUnderTools) {
     ExpectItems(*menu_.mnuTools, {{menu_.mnuOpenEntry, "&Open Entry...\tCtrl+O"},
-                                  {menu_.mnuSaveEntry, "&Save Entry As...\tCtrl+S"}});
+                                  {menu_.mnuSaveEntry, "&Save Entry As...\tCtrl+S"},
+                                  {menu_.mnuToolsSep1, "-"},
+                                  {menu_.mnuPreview, "&Preview..."}});
 }
 
 TEST_F(Menus, DisableOnlyTheWriteCommandsAtFirst) {

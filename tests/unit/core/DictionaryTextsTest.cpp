@@ -37,7 +37,7 @@ constexpr const char* kUnusedKey = "IDS_MSG_DB_ERR_INVALID";
 /// What the program puts "..." behind.
 const Keys kKeysBeforeDots = {"IDS_MNU_SELECT_DD",     "IDS_MNU_SELECT_INI", "IDS_MNU_HELP_INDEX",
                               "IDS_MNU_HELP_CONTENTS", "IDS_MNU_HELP_ABOUT", "IDS_MNU_OPEN_ENTRY",
-                              "IDS_MNU_SAVE_ENTRY"};
+                              "IDS_MNU_SAVE_ENTRY",    "IDS_MNU_PREVIEW"};
 
 const std::map<std::string, Keys> kMenus = {
     {"menu bar", {"IDS_MNU_FILE", "IDS_MNU_EDIT", "IDS_MNU_HELP", "IDS_MNU_TOOLS"}},
@@ -46,7 +46,7 @@ const std::map<std::string, Keys> kMenus = {
       "IDS_MNU_FILE_EXIT"}},
     {"Edit", {"IDS_MNU_EDIT_CUT", "IDS_MNU_EDIT_COPY", "IDS_MNU_EDIT_PASTE", "IDS_MNU_CLEAR"}},
     {"Help", {"IDS_MNU_HELP_CONTENTS", "IDS_MNU_HELP_INDEX", "IDS_MNU_HELP_ABOUT"}},
-    {"Tools", {"IDS_MNU_OPEN_ENTRY", "IDS_MNU_SAVE_ENTRY"}},
+    {"Tools", {"IDS_MNU_OPEN_ENTRY", "IDS_MNU_SAVE_ENTRY", "IDS_MNU_PREVIEW"}},
 };
 
 /// One text line of a file.
@@ -186,7 +186,7 @@ TEST(Dictionaries, GiveEachItemOfAMenuAnAccessKeyOfItsOwn) {
 
 TEST(Dictionaries, HaveAPlaceWhereTheProgramPutsANameAndNowhereElse) {
     const Keys withPlace = {"IDS_STA_CONNECTED", "IDS_STA_NOT_CONNECTED", "IDS_MSG_ENTRY_MORE",
-                            "IDS_MSG_ENTRY_NO_REPLACE"};
+                            "IDS_MSG_ENTRY_NO_REPLACE", "IDS_PRV_EMPTY"};
     for (const TextLine& line : TextLines()) {
         EXPECT_EQ(std::count(line.text.begin(), line.text.end(), '?'), withPlace.contains(line.key) ? 1 : 0)
             << line.text;
