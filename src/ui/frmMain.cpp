@@ -10,6 +10,7 @@
 #include "entry/ControlStates.h"
 #include "entry/WindowPlace.h"
 #include "ui/Busy.h"
+#include "ui/FileDrop.h"
 #include "ui/ProgramIcon.h"
 
 namespace ventlock {
@@ -91,6 +92,9 @@ void frmMain::BindEvents() {
     BindKeys();
     controls_.txtMain[kDataSourceBox]->Box().Bind(wxEVT_TEXT_ENTER,
                                                   [this](wxCommandEvent&) { cmdSwitchDSN_Click(); });
+    // The window owns it.
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+    SetDropTarget(new FileDrop(*this, [this](const auto& paths) { DropFiles(paths); }));
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
     Bind(wxEVT_SYS_COLOUR_CHANGED, [this](wxSysColourChangedEvent& event) {
         event.Skip();

@@ -16,6 +16,7 @@
 #include "core/Guarded.h"
 #include "core/TavDictionary.h"
 #include "db/clsConnection.h"
+#include "entry/DropPlan.h"
 #include "entry/EntryFile.h"
 #include "entry/EntryRecords.h"
 #include "entry/EntryToForm.h"
@@ -121,6 +122,10 @@ class frmMain final : public wxFrame {
     /// Shows what each of the three write commands would write now. Writes nothing.
     void mnuPreview_Click();
 
+    /// Shows dropped files where they belong: the targets' paths in their fields, an entry file as by
+    /// mnuOpenEntry_Click. What belongs nowhere is named in one message.
+    void DropFiles(const std::vector<std::string>& paths);
+
     /// Connects to the data source named in the first field, which "Pyx.ini" then names too. What the fields
     /// show stays; the objects behind them are fresh.
     void cmdSwitchDSN_Click();
@@ -192,6 +197,8 @@ class frmMain final : public wxFrame {
     void ShowRestOfOpened();
     [[nodiscard]] ReferenceLists ShownLists() const;
     void TellFindings(const char* key, const std::string& path, const std::vector<Finding>& findings);
+    [[nodiscard]] DroppedFile LookAt(const std::string& path);
+    void TellRefused(const DropPlan& plan);
     void SaveEntryFile(const std::string& path, StepLabel& step);
     frmPreview::Texts PreviewTexts(const frmPreview& box);
 

@@ -1,7 +1,8 @@
-// The commands of the menu "Tools" for entry files.
+// The commands of the menu "Tools" for entry files, and files that are dropped.
 
 #include <array>
 
+#include "base/RunTimeError.h"
 #include "base/ShownText.h"
 #include "core/modCommonTools.h"
 #include "core/modLocalization.h"
@@ -147,6 +148,51 @@ void frmMain::TellFindings(const char* key, const std::string& path, const std::
     if (lines.more != 0)
         text += "\n" + FillParam(GetString("IDS_MSG_ENTRY_MORE"), std::to_string(lines.more));
     services_.messages.Show(ShownText(text), "", {});
+}
+
+void frmMain::DropFiles(const std::vector<std::string>& paths) {
+    RunCommand("fMdf", [&](StepLabel& step) {
+        std::vector<DroppedFile> files;
+        files.reserve(paths.size());
+        for (const std::string& path : paths) files.push_back(LookAt(path));
+        const DropPlan plan = PlanDrop(files);
+        if (!plan.ini.empty()) ShowINIPath(plan.ini);
+        if (!plan.ddInstall.empty()) ShowDDInstallPath(plan.ddInstall);
+        if (!plan.refused.empty()) TellRefused(plan);
+        if (!plan.entry.empty()) OpenEntryFile(plan.entry, step);
+    });
+}
+
+/// A file that cannot be read tells nothing of itself but its name.
+DroppedFile frmMain::LookAt(const std::string& path) {
+    constexpr std::size_t kBeginning = 65536;
+    IFiles& files = services_.host.Files();
+    DroppedFile file{.path = path, .isFile = files.Exists(path), .holdsEntryKey = false};
+    if (!file.isFile) return file;
+    try {
+        file.holdsEntryKey = HoldsEntryKey(files.ReadBeginning(path, kBeginning));
+    } catch (const RunTimeError&) {
+        file.isFile = PlanDrop({file}).refused.empty();
+    }
+    return file;
+}
+
+void frmMain::TellRefused(const DropPlan& plan) {
+    const auto reason = [](DropRefusal refusal) {
+        switch (refusal) {
+            case DropRefusal::NoFile:
+                return GetString("IDS_MSG_DROP_NO_FILE");
+            case DropRefusal::Several:
+                return GetString("IDS_MSG_DROP_SEVERAL");
+            case DropRefusal::Unknown:
+                break;
+        }
+        return GetString("IDS_MSG_DROP_UNKNOWN");
+    };
+    std::string text = GetString("IDS_MSG_DROP_REFUSED") + "\n";
+    for (const auto& [path, refusal] : plan.refused)
+        text.append("\n").append(ShownWord(path)).append(": ").append(reason(refusal));
+    services_.messages.Show(text, "", {});
 }
 
 void frmMain::SaveEntryFile(const std::string& path, StepLabel& step) {
