@@ -27,7 +27,7 @@ ExitCode RunCheck(Services& services, const CheckOptions& options, Console& cons
         std::stable_sort(findings.begin(), findings.end(),
                          [](const Finding& a, const Finding& b) { return a.line < b.line; });
         for (const Finding& finding : findings) {
-            console.WriteLine(Console::FindingLine(file.path, finding));
+            console.WriteLine(FindingLine(file.path, finding));
             list.push_back(Console::FindingJson(file.path, finding));
             ++(finding.severity == Severity::Error ? errors : warnings);
         }

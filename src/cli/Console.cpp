@@ -1,6 +1,6 @@
 #include "cli/Console.h"
 
-#include "cli/ShownText.h"
+#include "base/ShownText.h"
 
 namespace ventlock {
 
@@ -35,12 +35,6 @@ void Console::TellError(const CliError& error) {
     WriteProblem(std::string("ventlock-cli: ") + error.what());
     for (const std::string& detail : error.Details()) WriteProblem("  " + detail);
     if (!error.Advice().empty()) WriteProblem("  " + error.Advice());
-}
-
-std::string Console::FindingLine(const std::string& path, const Finding& finding) {
-    return path + ":" + std::to_string(finding.line) + ": " +
-           (finding.severity == Severity::Error ? "error" : "warning") + " [" + finding.id + "] " +
-           finding.text;
 }
 
 nlohmann::ordered_json Console::FindingJson(const std::string& path, const Finding& finding) {

@@ -43,8 +43,7 @@ class Console {
     /// An error in full that has a place of its own in the document.
     void TellError(const CliError& error);
 
-    /// `path:line: error|warning [id] text`
-    static std::string FindingLine(const std::string& path, const Finding& finding);
+    /// A finding as an object of the document.
     static nlohmann::ordered_json FindingJson(const std::string& path, const Finding& finding);
 
     /// How far long work has come, on a terminal only; the next line of any kind wipes it, as ClearProgress

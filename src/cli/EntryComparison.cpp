@@ -2,11 +2,11 @@
 
 #include <utility>
 
+#include "base/ShownText.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
 #include "cli/DatabaseComparison.h"
 #include "cli/EntryFiles.h"
-#include "cli/ShownText.h"
 #include "db/SchemaVersion.h"
 
 namespace ventlock {

@@ -1,22 +1,14 @@
 #include "cli/EntryWrite.h"
 
+#include <optional>
 #include <utility>
 
-#include "base/Numbers.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
-#include "cli/UnifiedDiff.h"
 #include "db/SchemaVersion.h"
+#include "files/TargetDiff.h"
 
 namespace ventlock {
-namespace {
-
-std::string ValueText(const RecordValue& value) {
-    const auto* text = std::get_if<std::string>(&value);
-    return text != nullptr ? "'" + *text + "'" : DecimalText(std::get<double>(value));
-}
-
-}  // namespace
 
 EntryWrite::EntryWrite(RegisterRun& run, const PlannedEntry& entry)
     : run_(run), entry_(entry), title_(TitleOf(entry)) {}
@@ -65,11 +57,7 @@ void EntryWrite::TakeOverLeftManufacturer() {
 
 void EntryWrite::NoteStatements() {
     for (const JournalEntry& call : run_.services.Journal().Entries()) {
-        std::string line = call.statement;
-        for (std::size_t i = 0; i < call.values.size(); ++i) {
-            line += (i == 0 ? "  -- " : ", ") + ValueText(call.values[i].value);
-        }
-        statements_.push_back(line);
+        statements_.push_back(StatementLine(call));
     }
 }
 
@@ -127,25 +115,18 @@ bool EntryWrite::WriteFiles(bool isWritten) {
 
 template <class Work>
 TargetResult EntryWrite::WriteFile(const std::string& path, Json& json, Work&& work) {
-    const bool isDryRun = run_.options.isDryRun;
-    const bool existed = run_.services.Files().Exists(path);
-    const std::string before = isDryRun ? Shown(path, existed) : std::string();
+    std::optional<TargetDiff> target;
+    if (run_.options.isDryRun) target.emplace(run_.services.Profiles(), path);
     TargetResult result;
     result.isWritten = std::forward<Work>(work)();
     result.messages = run_.services.TakeDetails();
     if (!result.isWritten) result.advice = FileAdvice(ErrorNumber::PathFileAccessError);
-    if (isDryRun && result.isWritten) {
-        const std::string diff = UnifiedDiff(before, Shown(path, true), path, existed);
+    if (target && result.isWritten) {
+        const std::string diff = target->Text();
         json["diff"] = diff;
         if (!diff.empty()) run_.console.WriteLine(diff.substr(0, diff.size() - 1));
     }
     return result;
-}
-
-/// A target file as text for a diff.
-std::string EntryWrite::Shown(const std::string& path, bool exists) const {
-    const std::string bytes = exists ? run_.services.Files().ReadAll(path) : std::string();
-    return ProfileFile(bytes, run_.services.Profiles().Page()).Text();
 }
 
 void EntryWrite::Tell(const std::string& place, const TargetResult& result) {

@@ -75,7 +75,6 @@ class EntryWrite {
     static void NoteResult(Json& json, std::string_view status, const TargetResult& result);
     template <class Work>
     TargetResult WriteFile(const std::string& path, Json& json, Work&& work);
-    [[nodiscard]] std::string Shown(const std::string& path, bool exists) const;
     void Tell(const std::string& place, const TargetResult& result);
 
     RegisterRun& run_;

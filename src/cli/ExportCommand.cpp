@@ -7,12 +7,12 @@
 
 #include "base/DeviceTexts.h"
 #include "base/Numbers.h"
+#include "base/ShownText.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
 #include "cli/EntryComparison.h"
 #include "cli/EntryFiles.h"
 #include "cli/RegisterPlan.h"
-#include "cli/ShownText.h"
 #include "core/modCommonTools.h"
 #include "db/StoredDevices.h"
 #include "entry/EntryFile.h"

@@ -5,9 +5,9 @@
 #include <sstream>
 #include <vector>
 
+#include "base/ShownText.h"
 #include "base/Utf.h"
 #include "cli/ReportCases.h"
-#include "cli/ShownText.h"
 
 namespace ventlock {
 namespace {

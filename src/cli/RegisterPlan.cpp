@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "base/ShownText.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
-#include "cli/ShownText.h"
 #include "db/ReferenceLists.h"
 #include "db/SchemaVersion.h"
 
@@ -122,7 +122,7 @@ void RegisterPlan::WriteFindings(const std::vector<FileFindings>& findings) {
             list.push_back(Console::FindingJson(file.path, finding));
             const bool isNews = finding.severity == Severity::Warning;
             if (!console_.isJson && !(isNews && console_.isQuiet)) {
-                console_.WriteProblem(Console::FindingLine(file.path, finding));
+                console_.WriteProblem(FindingLine(file.path, finding));
             }
         }
     }

@@ -1,7 +1,5 @@
 #include "cli/Services.h"
 
-#include <utility>
-
 #include "base/Text.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
@@ -16,15 +14,6 @@ namespace ventlock {
 std::string AbsolutePath(IPaths& paths, const std::string& path) {
     if (Trim(path).empty() || paths.IsAbsolute(path)) return path;
     return paths.Join(paths.WorkingFolder(), path);
-}
-
-void CollectedMessages::Show(const std::string& text, const std::string& /*title*/,
-                             const std::optional<MessageHelp>& /*help*/) {
-    texts_.push_back(text);
-}
-
-std::vector<std::string> CollectedMessages::Take() {
-    return std::exchange(texts_, {});
 }
 
 Services::Services(Host& host, const ServiceOptions& options)

@@ -11,6 +11,7 @@
 #include "db/StatementJournal.h"
 #include "db/clsConnection.h"
 #include "db/clsTavDB.h"
+#include "platform/CollectedMessages.h"
 #include "platform/Host.h"
 #include "platform/IEvents.h"
 #include "platform/OverlayFiles.h"
@@ -25,21 +26,6 @@ std::string AbsolutePath(IPaths& paths, const std::string& path);
 struct ServiceOptions {
     StatementMode mode = StatementMode::Run;  ///< any but Run: nothing is written anywhere, files neither
     DatabaseTimeLimits timeLimits;
-};
-
-/// Keeps what would have been shown in message boxes, for the answer of a command.
-class CollectedMessages final : public IMessageBox {
- public:
-    void Show(const std::string& text, const std::string& title,
-              const std::optional<MessageHelp>& help) override;
-
-    /// All texts since the last call.
-    std::vector<std::string> Take();
-
-    [[nodiscard]] bool IsEmpty() const noexcept { return texts_.empty(); }
-
- private:
-    std::vector<std::string> texts_;
 };
 
 /// The shared objects of a run without a window, set up as the window does: log, settings, dictionary,

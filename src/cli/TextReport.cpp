@@ -1,7 +1,7 @@
 #include "cli/TextReport.h"
 
+#include "base/ShownText.h"
 #include "cli/ReportCases.h"
-#include "cli/ShownText.h"
 
 namespace ventlock {
 namespace {

@@ -2,12 +2,18 @@
 
 #include <utility>
 
+#include "base/Numbers.h"
 #include "base/RunTimeError.h"
 #include "db/DryRunConnection.h"
 #include "platform/InsertStatement.h"
 
 namespace ventlock {
 namespace {
+
+std::string ValueText(const RecordValue& value) {
+    const auto* text = std::get_if<std::string>(&value);
+    return text != nullptr ? "'" + *text + "'" : DecimalText(std::get<double>(value));
+}
 
 class JournalConnection final : public IConnection {
  private:
@@ -120,6 +126,14 @@ class JournalEngine final : public IDBEngine {
 };
 
 }  // namespace
+
+std::string StatementLine(const JournalEntry& call) {
+    std::string line = call.statement;
+    for (std::size_t i = 0; i < call.values.size(); ++i) {
+        line += (i == 0 ? "  -- " : ", ") + ValueText(call.values[i].value);
+    }
+    return line;
+}
 
 void StatementJournal::Clear() {
     entries_.clear();

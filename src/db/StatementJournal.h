@@ -17,6 +17,9 @@ struct JournalEntry {
     bool failed = false;
 };
 
+/// The call in one line: its statement, then the values bound to it, such as "...  -- 38, 'Acme'".
+std::string StatementLine(const JournalEntry& call);
+
 /// Every statement of a run in order, and what drivers said about those that failed.
 class StatementJournal {
  public:

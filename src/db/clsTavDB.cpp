@@ -47,6 +47,24 @@ bool clsTavDB::Init(const AppObjects& oAppObjects, const std::optional<std::int1
     });
 }
 
+std::unique_ptr<clsTavDB> clsTavDB::CopyFor(const AppObjects& oAppObjects) const {
+    auto copy = std::make_unique<clsTavDB>(events_);
+    copy->oAppObjects_ = &oAppObjects;
+    copy->isInitialized_ = isInitialized_;
+    copy->Version = Version;
+    copy->DBPath = DBPath;
+    copy->LastTAVVersions = LastTAVVersions;
+    const auto copyRecord = [&]<class Record>(const std::unique_ptr<Record>& from,
+                                              std::unique_ptr<Record>& to) {
+        if (!from) return;
+        to = std::make_unique<Record>(*from);
+        to->Init(oAppObjects, Version, 2);
+    };
+    copyRecord(manufacturer_, copy->manufacturer_);
+    copyRecord(device_, copy->device_);
+    return copy;
+}
+
 clsManufacturer& clsTavDB::Manufacturer() {
     if (!manufacturer_) manufacturer_ = std::make_unique<clsManufacturer>(events_);
     return *manufacturer_;

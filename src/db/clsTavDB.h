@@ -64,6 +64,10 @@ class clsTavDB {
     /// Writes the manufacturer, then the device. True when both were written; nothing is rolled back.
     bool Update();
 
+    /// The same facade for other shared objects: what its records hold and have found goes with it, and
+    /// neither knows of the other. `oAppObjects` must outlive the copy.
+    [[nodiscard]] std::unique_ptr<clsTavDB> CopyFor(const AppObjects& oAppObjects) const;
+
     /// The records, created on first use and owned by the facade.
     clsManufacturer& Manufacturer();
     clsDevice& Device();

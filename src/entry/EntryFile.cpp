@@ -111,6 +111,14 @@ class Parser {
     int line_ = 0;
 };
 
+/// The text in UTF-8 if it has a mark; without one, the bytes as they are.
+std::string WithoutMark(std::string_view bytes) {
+    if (!bytes.starts_with(kUtf16Mark)) {
+        return std::string(bytes.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0));
+    }
+    return FromUtf16Bytes(bytes.substr(kUtf16Mark.size())).value_or(std::string());
+}
+
 /// Keys of a profile file's bytes, known ones and others.
 struct KeyCounts {
     std::size_t known = 0;
@@ -128,6 +136,12 @@ KeyCounts CountKeys(std::string_view text) {
 }
 
 }  // namespace
+
+std::string FindingLine(const std::string& path, const Finding& finding) {
+    return path + ":" + std::to_string(finding.line) + ": " +
+           (finding.severity == Severity::Error ? "error" : "warning") + " [" + finding.id + "] " +
+           finding.text;
+}
 
 std::span<const EntryKey> EntryKeys() {
     return kKeys;
@@ -180,11 +194,12 @@ std::string EntryText(const FileEntry& entry) {
     return text;
 }
 
+bool HoldsEntryKey(std::string_view bytes) {
+    return CountKeys(WithoutMark(bytes)).known != 0;
+}
+
 bool MayBeEntryFile(std::string_view bytes) {
-    std::string text(bytes.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0));
-    if (bytes.starts_with(kUtf16Mark)) {
-        text = FromUtf16Bytes(bytes.substr(kUtf16Mark.size())).value_or(std::string());
-    }
+    const std::string text = WithoutMark(bytes);
     if (text.find('\0') != std::string::npos) return true;  // UTF-16 without its mark, for one
     const KeyCounts counts = CountKeys(text);
     return counts.known != 0 || counts.others == 0;

@@ -21,6 +21,9 @@ struct Finding {
     bool operator==(const Finding&) const = default;
 };
 
+/// `path:line: error|warning [id] text`
+std::string FindingLine(const std::string& path, const Finding& finding);
+
 /// One key of an entry file: its name and what an entry without it has.
 struct EntryKey {
     std::string_view name;
@@ -64,6 +67,10 @@ EntryFile ParseEntryFile(std::string_view bytes);
 /// the order of EntryKeys, LF behind each line.
 /// @throws RunTimeError 75 for a text that is no UTF-8 or cannot stand in one line, or in a header.
 std::string EntryText(const FileEntry& entry);
+
+/// True for a text that holds a key of an entry, whatever is wrong with the rest: the beginning of a file
+/// does.
+bool HoldsEntryKey(std::string_view bytes);
 
 /// False for a profile file that another program has: it holds keys, in any encoding, and none of them is one
 /// of an entry. For files that nobody has named; True for whatever may be an entry file with errors.

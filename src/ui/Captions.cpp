@@ -97,6 +97,9 @@ std::vector<Caption> ToolCaptions(MainMenu& menu) {
              constexpr std::size_t kTools = 3;
              menu.bar->SetMenuLabel(kTools, ToWx(text));
          }},
+        {"IDS_MNU_OPEN_ENTRY", "...", Item(menu.mnuOpenEntry)},
+        {"IDS_MNU_SAVE_ENTRY", "...", Item(menu.mnuSaveEntry)},
+        {"IDS_MNU_PREVIEW", "...", Item(menu.mnuPreview)},
         {"IDS_MNU_LOG", "", Item(menu.mnuLog)},
     };
 }

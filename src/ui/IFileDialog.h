@@ -5,7 +5,9 @@
 namespace ventlock {
 
 /// Flags of a file question.
-inline constexpr int kHideReadOnly = 4;        ///< no box for opening read-only
+inline constexpr int kAskBeforeReplacing =
+    2;                                   ///< a new file may be named, and an existing one is asked about
+inline constexpr int kHideReadOnly = 4;  ///< no box for opening read-only
 inline constexpr int kFileMustExist = 0x1000;  ///< only an existing file can be chosen
 
 /// What the user is asked.
@@ -21,8 +23,8 @@ class IFileDialog {
  public:
     virtual ~IFileDialog() = default;
 
-    /// The path of the file that the user chooses; a new one only without kFileMustExist, and no question
-    /// about overwriting is asked. "" when the user cancels.
+    /// The path of the file that the user chooses; a new one only without kFileMustExist, and a question
+    /// about overwriting is asked only with kAskBeforeReplacing. "" when the user cancels.
     virtual std::string Open(const FileQuestion& question) = 0;
 };
 

@@ -34,12 +34,22 @@ MainMenu::MainMenu()
       mnuHelpSep1(mnuHelp->AppendSeparator()),
       mnuHelpAbout(Add(*mnuHelp, "&About...")),
       mnuTools(new wxMenu),
+      mnuOpenEntry(Add(*mnuTools, "&Open Entry...\tCtrl+O")),
+      mnuSaveEntry(Add(*mnuTools, "&Save Entry As...\tCtrl+S")),
+      mnuToolsSep1(mnuTools->AppendSeparator()),
+      mnuPreview(Add(*mnuTools, "&Preview...")),
       mnuLog(Add(*mnuTools, "&Log Entries")) {
     bar->Append(mnuFile, "&File");
     bar->Append(mnuEdit, "&Edit");
     bar->Append(mnuHelp, "&Help");
     bar->Append(mnuTools, "&Tools");
     for (wxMenuItem* item : {mnuWriteDB, mnuWriteINI, mnuWriteDDInstall}) item->Enable(false);
+}
+
+std::string MainMenu::TitleOf(const wxMenuItem& item) {
+    wxString title = item.GetItemLabelText();
+    title.Replace("...", "");
+    return FromWx(title);
 }
 
 void MainMenu::SetCaption(wxMenuItem& item, const std::string& caption) {

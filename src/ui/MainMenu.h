@@ -12,6 +12,9 @@ class MainMenu {
  public:
     MainMenu();
 
+    /// An item's caption as a dialog's title.
+    static std::string TitleOf(const wxMenuItem& item);
+
     /// Gives an item a caption and keeps its shortcut, which the toolkit holds inside the caption.
     static void SetCaption(wxMenuItem& item, const std::string& caption);
 
@@ -37,6 +40,10 @@ class MainMenu {
     wxMenuItem* mnuHelpSep1;
     wxMenuItem* mnuHelpAbout;
     wxMenu* mnuTools;
+    wxMenuItem* mnuOpenEntry;
+    wxMenuItem* mnuSaveEntry;
+    wxMenuItem* mnuToolsSep1;
+    wxMenuItem* mnuPreview;
     wxMenuItem* mnuLog;
 };
 

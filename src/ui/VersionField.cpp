@@ -30,6 +30,14 @@ void VersionField::Select(int index) {
     box_.SetSelection(index);
 }
 
+void VersionField::SelectOnly(const std::vector<std::string>& versions) {
+    for (int i = 0; i < Count(); ++i) box_.Deselect(i);
+    for (const std::string& version : versions) {
+        if (box_.FindString(ToWx(version), true) == wxNOT_FOUND) Add({{version}});
+        Select(box_.FindString(ToWx(version), true));
+    }
+}
+
 std::vector<OfferedVersion> VersionField::Versions() const {
     std::vector<OfferedVersion> versions;
     versions.reserve(static_cast<std::size_t>(Count()));

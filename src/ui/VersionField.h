@@ -29,6 +29,9 @@ class VersionField final : public IList {
     /// Selects one more; runs no handler.
     void Select(int index);
 
+    /// Selects these and no others; one that is not offered is added. Runs no handler.
+    void SelectOnly(const std::vector<std::string>& versions);
+
     [[nodiscard]] std::vector<OfferedVersion> Versions() const;
     [[nodiscard]] wxListBox& Box() const noexcept { return box_; }
 

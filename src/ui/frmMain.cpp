@@ -10,6 +10,7 @@
 #include "entry/ControlStates.h"
 #include "entry/WindowPlace.h"
 #include "ui/Busy.h"
+#include "ui/FileDrop.h"
 #include "ui/ProgramIcon.h"
 
 namespace ventlock {
@@ -83,6 +84,9 @@ void frmMain::BindEvents() {
     onMenu(menu_.mnuHelpContents, &frmMain::mnuHelpContents_Click);
     onMenu(menu_.mnuHelpSearch, &frmMain::mnuHelpSearch_Click);
     onMenu(menu_.mnuHelpAbout, &frmMain::mnuHelpAbout_Click);
+    onMenu(menu_.mnuOpenEntry, &frmMain::mnuOpenEntry_Click);
+    onMenu(menu_.mnuSaveEntry, &frmMain::mnuSaveEntry_Click);
+    onMenu(menu_.mnuPreview, &frmMain::mnuPreview_Click);
     onMenu(menu_.mnuLog, &frmMain::mnuLog_Click);
 
     onButton(controls_.cmdSwitchDSN, &frmMain::cmdSwitchDSN_Click);
@@ -96,6 +100,9 @@ void frmMain::BindEvents() {
     BindKeys();
     controls_.txtMain[kDataSourceBox]->Box().Bind(wxEVT_TEXT_ENTER,
                                                   [this](wxCommandEvent&) { cmdSwitchDSN_Click(); });
+    // The window owns it.
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
+    SetDropTarget(new FileDrop(*this, [this](const auto& paths) { DropFiles(paths); }));
     Bind(wxEVT_CLOSE_WINDOW, &frmMain::OnClose, this);
     Bind(wxEVT_ACTIVATE, [this](wxActivateEvent& event) {
         event.Skip();

@@ -8,6 +8,7 @@
 #include <exception>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +17,10 @@
 #include "core/Guarded.h"
 #include "core/TavDictionary.h"
 #include "db/clsConnection.h"
+#include "entry/DropPlan.h"
+#include "entry/EntryFile.h"
 #include "entry/EntryRecords.h"
+#include "entry/EntryToForm.h"
 #include "platform/Host.h"
 #include "platform/IEvents.h"
 #include "platform/ProfileEdit.h"
@@ -29,6 +33,7 @@
 #include "ui/MainMenu.h"
 #include "ui/TargetWatch.h"
 #include "ui/frmLog.h"
+#include "ui/frmPreview.h"
 
 namespace ventlock {
 
@@ -112,6 +117,20 @@ class frmMain final : public wxFrame {
     void mnuHelpSearch_Click();
     void mnuHelpAbout_Click();
 
+    /// Shows an entry of a file in the fields, in place of the one that is there. What the file lacks is
+    /// shown as by default; a file with errors changes nothing.
+    void mnuOpenEntry_Click();
+
+    /// Writes what the fields hold into an entry file.
+    void mnuSaveEntry_Click();
+
+    /// Shows what each of the three write commands would write now. Writes nothing.
+    void mnuPreview_Click();
+
+    /// Shows dropped files where they belong: the targets' paths in their fields, an entry file as by
+    /// mnuOpenEntry_Click. What belongs nowhere is named in one message.
+    void DropFiles(const std::vector<std::string>& paths);
+
     /// Opens the window with the log entries, or brings it to the front.
     void mnuLog_Click();
 
@@ -153,6 +172,7 @@ class frmMain final : public wxFrame {
     void LoadDictionary();
     void SettingsToEntry();
     void LoadCaptions();
+    void LoadToolCaptions();
     void LoadEntry(StepLabel& step);
     void ShowCurrentSchemaFields(StepLabel& step);
     void FitContents();
@@ -187,8 +207,21 @@ class frmMain final : public wxFrame {
                        wxButton& button);
     bool ChooseDDInstallFile();
     std::string AskForFile(std::string_view tag, int flags, const char* filterKey, int preselected,
-                           std::size_t box, const wxString& title);
+                           std::size_t box, const std::string& title);
     void ShowHelp();
+
+    std::string AskForEntryFile(int flags, const wxMenuItem& item);
+    void OpenEntryFile(const std::string& path, StepLabel& step);
+    const FileEntry* ChooseEntry(const EntryFile& file);
+    void ShowOpened(const FileEntry& entry, const EntryForm& form);
+    void ShowCurrentSchemaPart(const EntryForm& form);
+    void ShowRestOfOpened();
+    [[nodiscard]] ReferenceLists ShownLists() const;
+    void TellFindings(const char* key, const std::string& path, const std::vector<Finding>& findings);
+    [[nodiscard]] DroppedFile LookAt(const std::string& path);
+    void TellRefused(const DropPlan& plan);
+    void SaveEntryFile(const std::string& path, StepLabel& step);
+    frmPreview::Texts PreviewTexts(const frmPreview& box);
 
     WindowServices services_;
     MainMenu menu_;
@@ -205,6 +238,8 @@ class frmMain final : public wxFrame {
     TargetWatch iniWatch_;
     wxWeakRef<frmLog> log_;
     std::string offeredVersions_;
+    std::string entryPath_;            ///< of the entry file opened or saved last
+    std::optional<FileEntry> opened_;  ///< with what the fields of an old schema do not show
     CommonDialog cmndlgDB_;
     std::int16_t schemaVersion_ = 0;
     bool isConnected_ = false;

@@ -28,13 +28,6 @@ std::string SelectedText(const wxTextEntry& text) {
     return FromWx(text.GetRange(begin, end));
 }
 
-/// A menu's caption as a dialog's title.
-wxString TitleOf(const wxMenuItem& item) {
-    wxString title = item.GetItemLabelText();
-    title.Replace("...", "");
-    return title;
-}
-
 }  // namespace
 
 void frmMain::mnuWriteDB_Click() {
@@ -121,6 +114,7 @@ void frmMain::mnuClear_Click() {
     RunCommand("fMcl", [&](StepLabel&) {
         for (std::size_t box = kManufacturerIdBox; box < kTextBoxCount; ++box)
             controls_.txtMain[box]->SetText("");
+        opened_.reset();
         controls_.cboDevRev->SetText("01");
         controls_.cboDDRev->SetText("01");
         controls_.cboHARTRev->SetText("05");
@@ -131,36 +125,36 @@ void frmMain::mnuClear_Click() {
 }
 
 std::string frmMain::AskForFile(std::string_view tag, int flags, const char* filterKey, int preselected,
-                                std::size_t box, const wxString& title) {
+                                std::size_t box, const std::string& title) {
     return Guarded(&oAppObjects_, tag, std::string(), [&](StepLabel&) {
         const FileFilters filters = UsableFilters(GetString(filterKey), preselected);
         return services_.fileDialog.Open({.flags = flags,
                                           .filters = filters.text,
                                           .preselected = filters.preselected,
                                           .start = controls_.txtMain[box]->Text(),
-                                          .title = FromWx(title)});
+                                          .title = title});
     });
 }
 
 std::string frmMain::SelectDBFile() {
-    return AskForFile("fMsdb", kFileMustExist | kHideReadOnly, "IDS_FLTR_DB", 2, kDataSourceBox, GetTitle());
+    return AskForFile("fMsdb", kFileMustExist | kHideReadOnly, "IDS_FLTR_DB", 2, kDataSourceBox,
+                      FromWx(GetTitle()));
 }
 
 std::string frmMain::SelectINIFile() {
     return AskForFile("fMsif", kFileMustExist | kHideReadOnly, "IDS_FLTR_INI", 3, kIniPathBox,
-                      TitleOf(*menu_.mnuSelectINI));
+                      MainMenu::TitleOf(*menu_.mnuSelectINI));
 }
 
 std::string frmMain::SelectDDInstallFile() {
     return AskForFile("fMsdf", kHideReadOnly, "IDS_FLTR_DD", 2, kDDInstallPathBox,
-                      TitleOf(*menu_.mnuSelectDDInstall));
+                      MainMenu::TitleOf(*menu_.mnuSelectDDInstall));
 }
 
 void frmMain::mnuSelectINI_Click() {
     RunCommand([&] {
         const std::string path = SelectINIFile();
-        if (path.empty()) return;
-        TakePath(kIniPathBox, path);
+        if (!path.empty()) TakePath(kIniPathBox, path);
     });
 }
 

@@ -85,6 +85,11 @@ void frmMain::LoadCaptions() {
     SetControlStates();
 }
 
+void frmMain::LoadToolCaptions() {
+    for (const Caption& caption : ToolCaptions(menu_))
+        caption.set(GetString(std::string(caption.key)) + std::string(caption.suffix));
+}
+
 void frmMain::LoadEntry(StepLabel& step) {
     step = "01";
     std::vector<ListItem> versions;
@@ -176,7 +181,9 @@ void frmMain::SwitchDataSource(StepLabel& step) {
     if (!isConnected_ || schemaVersion_ < kCurrentSchema) return;
     step = "06";
     ReloadReferenceLists();
-    if (schemaBefore < kCurrentSchema) ShowCurrentSchemaFields(step);  // never filled so far
+    if (schemaBefore >= kCurrentSchema) return;
+    ShowCurrentSchemaFields(step);  // never filled so far
+    ShowRestOfOpened();
 }
 
 // When the file refuses the name, the one that it holds is read back and connected to; the field then shows

@@ -142,6 +142,16 @@ TEST(Captions, MayBeEmptyInTheDictionary) {
     EXPECT_EQ(window.Menu().mnuCut->GetItemLabel(), " \tCtrl+X");
 }
 
+TEST(Captions, OfTheMenuToolsFollowTheLanguageAndKeepTheirShortcuts) {
+    GuiWorld world;
+    world.host.locale.languageName = "Deutsch (Deutschland)";
+    const MainMenu& menu = world.Start().Menu();
+    EXPECT_EQ(menu.bar->GetMenuLabel(3), "E&xtras");
+    EXPECT_EQ(FromWx(menu.mnuOpenEntry->GetItemLabel()), "Eintrag \u00F6&ffnen...\tCtrl+O");
+    EXPECT_EQ(FromWx(menu.mnuSaveEntry->GetItemLabel()), "Eintrag &speichern unter...\tCtrl+S");
+    EXPECT_EQ(FromWx(menu.mnuPreview->GetItemLabel()), "&Vorschau...");
+}
+
 /// The captions of a window and all that stands in it.
 void CollectTexts(const wxWindow& window, std::vector<std::string>& texts) {
     for (const wxWindow* child : window.GetChildren()) {
@@ -180,7 +190,7 @@ TEST(Captions, LeaveNoLiteralTextInTheWindowButTheDotsAndArrowsOfButtons) {
     }
     EXPECT_EQ(dots, 2);
     EXPECT_EQ(arrows, 3);
-    EXPECT_EQ(texts.size(), 1u + 23u + 10u + 1u + 4u + 14u) << "title, labels, buttons, status, menus, items";
+    EXPECT_EQ(texts.size(), 1u + 23u + 10u + 1u + 4u + 17u) << "title, labels, buttons, status, menus, items";
 }
 
 }  // namespace

@@ -62,6 +62,19 @@ TEST_F(FileDialog, TakesAnExistingFileAsNewOneWithoutAQuestion) {
     EXPECT_EQ(Ask([](wxFileDialog&) { PressKey(WXK_RETURN); }), folder_ / "Pyx.ini");
 }
 
+TEST_F(FileDialog, AsksBeforeAFileIsReplacedWhereThatIsWanted) {
+    question_.flags = kHideReadOnly | kAskBeforeReplacing;
+    int met = 0;
+    const std::string answer = Ask([&met](wxFileDialog&) {
+        ++met;
+        PressKey(WXK_RETURN);
+        PressKey(WXK_ESCAPE);  // "no" to the question
+        PressKey(WXK_ESCAPE);
+    });
+    EXPECT_EQ(answer, "");
+    EXPECT_EQ(met, 1);
+}
+
 TEST_F(FileDialog, OpensWithAStartThatLeadsNowhere) {
     for (const char* start : {"A:\\Ddinstal.ini", "", "relative.ini", "/no/such/folder/a.ini", "PYX"}) {
         question_.start = start;

@@ -41,6 +41,7 @@ TEST_F(Menus, StandInTheMenuBar) {
     EXPECT_EQ(menu_.bar->GetMenuLabel(0), "&File");
     EXPECT_EQ(menu_.bar->GetMenuLabel(1), "&Edit");
     EXPECT_EQ(menu_.bar->GetMenuLabel(2), "&Help");
+    EXPECT_EQ(menu_.bar->GetMenuLabel(3), "&Tools");
     EXPECT_EQ(menu_.bar->GetMenu(0), menu_.mnuFile);
     EXPECT_EQ(menu_.bar->GetMenu(1), menu_.mnuEdit);
     EXPECT_EQ(menu_.bar->GetMenu(2), menu_.mnuHelp);
@@ -74,8 +75,12 @@ TEST_F(Menus, OfferHelpAndTheAboutBoxUnderHelp) {
                                  {menu_.mnuHelpAbout, "&About..."}});
 }
 
-TEST_F(Menus, OfferTheLogUnderTools) {
-    ExpectItems(*menu_.mnuTools, {{menu_.mnuLog, "&Log Entries"}});
+TEST_F(Menus, OfferEntryFilesThePreviewAndTheLogUnderTools) {
+    ExpectItems(*menu_.mnuTools, {{menu_.mnuOpenEntry, "&Open Entry...\tCtrl+O"},
+                                  {menu_.mnuSaveEntry, "&Save Entry As...\tCtrl+S"},
+                                  {menu_.mnuToolsSep1, "-"},
+                                  {menu_.mnuPreview, "&Preview..."},
+                                  {menu_.mnuLog, "&Log Entries"}});
 }
 
 TEST_F(Menus, DisableOnlyTheWriteCommandsAtFirst) {

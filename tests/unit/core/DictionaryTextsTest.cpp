@@ -35,8 +35,9 @@ const std::vector<std::string> kFiles = {VENTLOCK_SOURCE_FOLDER "/data/QorStanda
 constexpr const char* kUnusedKey = "IDS_MSG_DB_ERR_INVALID";
 
 /// What the program puts "..." behind.
-const Keys kKeysBeforeDots = {"IDS_MNU_SELECT_DD", "IDS_MNU_SELECT_INI", "IDS_MNU_HELP_INDEX",
-                              "IDS_MNU_HELP_CONTENTS", "IDS_MNU_HELP_ABOUT"};
+const Keys kKeysBeforeDots = {"IDS_MNU_SELECT_DD",     "IDS_MNU_SELECT_INI", "IDS_MNU_HELP_INDEX",
+                              "IDS_MNU_HELP_CONTENTS", "IDS_MNU_HELP_ABOUT", "IDS_MNU_OPEN_ENTRY",
+                              "IDS_MNU_SAVE_ENTRY",    "IDS_MNU_PREVIEW"};
 
 const std::map<std::string, Keys> kMenus = {
     {"menu bar", {"IDS_MNU_FILE", "IDS_MNU_EDIT", "IDS_MNU_HELP", "IDS_MNU_TOOLS"}},
@@ -44,8 +45,8 @@ const std::map<std::string, Keys> kMenus = {
      {"IDS_MNU_SELECT_DD", "IDS_MNU_SELECT_INI", "IDS_MNU_WRITE_DB", "IDS_MNU_WRITE_INI", "IDS_MNU_WRITE_DD",
       "IDS_MNU_FILE_EXIT"}},
     {"Edit", {"IDS_MNU_EDIT_CUT", "IDS_MNU_EDIT_COPY", "IDS_MNU_EDIT_PASTE", "IDS_MNU_CLEAR"}},
-    {"Tools", {"IDS_MNU_LOG"}},
     {"Help", {"IDS_MNU_HELP_CONTENTS", "IDS_MNU_HELP_INDEX", "IDS_MNU_HELP_ABOUT"}},
+    {"Tools", {"IDS_MNU_OPEN_ENTRY", "IDS_MNU_SAVE_ENTRY", "IDS_MNU_PREVIEW", "IDS_MNU_LOG"}},
 };
 
 /// One text line of a file.
@@ -183,10 +184,12 @@ TEST(Dictionaries, GiveEachItemOfAMenuAnAccessKeyOfItsOwn) {
     }
 }
 
-TEST(Dictionaries, HaveAPlaceForTheDataSourceInTheStatusTexts) {
+TEST(Dictionaries, HaveAPlaceWhereTheProgramPutsANameAndNowhereElse) {
+    const Keys withPlace = {"IDS_STA_CONNECTED", "IDS_STA_NOT_CONNECTED", "IDS_MSG_ENTRY_MORE",
+                            "IDS_MSG_ENTRY_NO_REPLACE", "IDS_PRV_EMPTY"};
     for (const TextLine& line : TextLines()) {
-        const bool namesSource = line.key == "IDS_STA_CONNECTED" || line.key == "IDS_STA_NOT_CONNECTED";
-        EXPECT_EQ(std::count(line.text.begin(), line.text.end(), '?'), namesSource ? 1 : 0) << line.text;
+        EXPECT_EQ(std::count(line.text.begin(), line.text.end(), '?'), withPlace.contains(line.key) ? 1 : 0)
+            << line.text;
     }
 }
 

@@ -158,6 +158,13 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{"Utf16WithoutAMark", Utf16("[A]").substr(2), {NotText(1)}}),
     RowName());
 
+TEST(FindingLine, NamesPathLineSeverityAndId) {
+    EXPECT_EQ(FindingLine("a/b.ini", {7, kError, "hex-digits", "no number"}),
+              "a/b.ini:7: error [hex-digits] no number");
+    EXPECT_EQ(FindingLine("b.ini", {0, Severity::Warning, "too-wide", "too wide"}),
+              "b.ini:0: warning [too-wide] too wide");
+}
+
 TEST(EntryFile, AHalfCharacterOfUtf16IsNoText) {
     EXPECT_EQ(ParseEntryFile("\xFF\xFE[\0A\0]\0\n\0\x00\xD8\n\0"s).findings,
               std::vector<Finding>{NotText(2)});
@@ -234,6 +241,20 @@ TEST(EntryKeys, HaveTheDefaultsOfACleanSettingsStore) {
         "ManID=\nManName=\nManDesc=\nProtID=0\nDevID=\nDevName=\nDevDesc=\nDevRev=01\nDDRev=01\nProtRev=05\n"
         "DevRevName=\nDevRevDesc=\nDevCatID=0\nDevMinCatID=0\nDLLName=\nTemplateName=\nDevHelp=\nBlkHelp=\n"
         "TAVVersions=5.0\nProtocol=\nMajorCategory=\nMinorCategory=\n");
+}
+
+TEST(HoldsEntryKey, IsTrueForOneKeyAmongAnything) {
+    EXPECT_TRUE(HoldsEntryKey("[A]\nmanid = 1\nOther=2\nnothing"));
+    EXPECT_TRUE(HoldsEntryKey("DevName="));
+    EXPECT_TRUE(HoldsEntryKey("\xEF\xBB\xBF[A]\r\nProtocol=HART\r\n"));
+    EXPECT_TRUE(HoldsEntryKey(Utf16("[A]\nManID=1\n")));
+}
+
+TEST(HoldsEntryKey, IsFalseForWhatMayStillBeAnEntryFile) {
+    for (const std::string& bytes :
+         {""s, "[A]\n"s, "; ManID=1\n"s, "\x89PNG\r\n\x1A\n\0"s, "[Devices]\nA=B\n"s, "ManID\n"s}) {
+        EXPECT_FALSE(HoldsEntryKey(bytes)) << bytes;
+    }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "cli/ShownText.h"
+#include "base/ShownText.h"
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "cli/UnifiedDiff.h"
+#include "files/UnifiedDiff.h"
 
 #include <algorithm>
 #include <dtl/dtl.hpp>
