@@ -25,6 +25,7 @@
 #include "platform/IEvents.h"
 #include "platform/ProfileEdit.h"
 #include "platform/odbc/DataSources.h"
+#include "ui/Captions.h"
 #include "ui/FramePlace.h"
 #include "ui/IClipboard.h"
 #include "ui/IFileDialog.h"
@@ -172,7 +173,10 @@ class frmMain final : public wxFrame {
     void LoadDictionary();
     void SettingsToEntry();
     void LoadCaptions();
-    void LoadToolCaptions();
+    static void SetCaptions(const std::vector<Caption>& captions);
+
+    /// Those of the menu "Tools" and of the lists, and the names of controls, which are made of captions.
+    void LoadMoreCaptions();
     void LoadEntry(StepLabel& step);
     void ShowCurrentSchemaFields(StepLabel& step);
     void FitContents();

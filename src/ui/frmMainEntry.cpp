@@ -66,14 +66,15 @@ void frmMain::LoadFormText(int mode) {
     });
 }
 
+void frmMain::SetCaptions(const std::vector<Caption>& captions) {
+    for (const Caption& caption : captions)
+        caption.set(GetString(std::string(caption.key)) + std::string(caption.suffix));
+}
+
 void frmMain::LoadCaptions() {
     captionsLoading_ = true;
     try {
-        for (const std::vector<Caption>& captions :
-             {Captions(*this, menu_, controls_), ToolCaptions(menu_), ListCaptions(controls_)}) {
-            for (const Caption& caption : captions)
-                caption.set(GetString(std::string(caption.key)) + std::string(caption.suffix));
-        }
+        SetCaptions(Captions(*this, menu_, controls_));
     } catch (...) {
         captionsLoading_ = false;
         SetControlStates();
@@ -81,13 +82,13 @@ void frmMain::LoadCaptions() {
     }
     captionsLoading_ = false;
     hasCaptions_ = true;
-    NameControls(controls_, menu_);
     SetControlStates();
 }
 
-void frmMain::LoadToolCaptions() {
-    for (const Caption& caption : ToolCaptions(menu_))
-        caption.set(GetString(std::string(caption.key)) + std::string(caption.suffix));
+void frmMain::LoadMoreCaptions() {
+    SetCaptions(ToolCaptions(menu_));
+    SetCaptions(ListCaptions(controls_));
+    NameControls(controls_, menu_);
 }
 
 void frmMain::LoadEntry(StepLabel& step) {

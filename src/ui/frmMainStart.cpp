@@ -78,7 +78,7 @@ void frmMain::Load(StepLabel& step) {
     LoadFormText(2);
     LoadFormText(3);
     LoadFormText();
-    LoadToolCaptions();
+    LoadMoreCaptions();
     ShowConnection();
 }
 

@@ -92,6 +92,9 @@ std::vector<CaptionRow> LabelCaptions() {
 std::vector<CaptionRow> ToolsMenuCaptions() {
     return {
         Bar("mnuTools", "IDS_MNU_TOOLS", 3),
+        Item("mnuOpenEntry", "IDS_MNU_OPEN_ENTRY", &MainMenu::mnuOpenEntry, "..."),
+        Item("mnuSaveEntry", "IDS_MNU_SAVE_ENTRY", &MainMenu::mnuSaveEntry, "..."),
+        Item("mnuPreview", "IDS_MNU_PREVIEW", &MainMenu::mnuPreview, "..."),
         Item("mnuLog", "IDS_MNU_LOG", &MainMenu::mnuLog),
     };
 }
@@ -104,9 +107,16 @@ std::vector<CaptionRow> ToolTipCaptions() {
     };
 }
 
+std::vector<CaptionRow> PassCaptions() {
+    std::vector<CaptionRow> pass = WindowCaptions();
+    const std::vector<CaptionRow> labels = LabelCaptions();
+    pass.insert(pass.end(), labels.begin(), labels.end());
+    return pass;
+}
+
 std::vector<CaptionRow> AllCaptions() {
-    std::vector<CaptionRow> all = WindowCaptions();
-    for (const std::vector<CaptionRow>& more : {LabelCaptions(), ToolsMenuCaptions(), ToolTipCaptions()})
+    std::vector<CaptionRow> all = PassCaptions();
+    for (const std::vector<CaptionRow>& more : {ToolsMenuCaptions(), ToolTipCaptions()})
         all.insert(all.end(), more.begin(), more.end());
     return all;
 }

@@ -22,6 +22,9 @@ std::vector<CaptionRow> WindowCaptions();
 /// The 23 labels in the order they are set.
 std::vector<CaptionRow> LabelCaptions();
 
+/// Both, as one pass over the captions sets them.
+std::vector<CaptionRow> PassCaptions();
+
 /// The captions of the menu "Tools".
 std::vector<CaptionRow> ToolsMenuCaptions();
 

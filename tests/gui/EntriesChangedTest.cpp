@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "core/modLocalization.h"
-#include "gui/CaptionRows.h"
 #include "gui/GuiWorld.h"
 
 namespace ventlock::test {
@@ -56,7 +55,7 @@ TEST(EntriesChanged, IsNotSetWhileTheCaptionsLoad) {
     frmMain& window = world.Make();
     UseDictionary(std::make_shared<MeddlingDictionary>(window));
     window.LoadFormText(frmMain::kCaptions);
-    EXPECT_EQ(window.Controls().txtMain[kDeviceNameBox]->Text(), AllCaptions().back().key);
+    EXPECT_EQ(window.Controls().txtMain[kDeviceNameBox]->Text(), "IDS_LBL_HART");
     EXPECT_FALSE(window.EntriesChanged());
 }
 
