@@ -3,6 +3,7 @@
 #include <wx/sizer.h>
 
 #include "core/modLocalization.h"
+#include "ui/AccessibleText.h"
 #include "ui/WxText.h"
 
 namespace ventlock {
@@ -25,7 +26,7 @@ frmChoose::frmChoose(wxWindow* parent, const std::string& title, const std::stri
                              wxLB_SINGLE)),
       cmdOpen(new wxButton(this, wxID_OK, ToWx(GetString("IDS_CMD_OPEN")))),
       cmdCancel(new wxButton(this, wxID_CANCEL, ToWx(GetString("IDS_CMD_CANCEL")))) {
-    lstNames->SetName(ToWx(question));
+    SetAccessibleName(*lstNames, question);
     lstNames->SetSelection(0);
     lstNames->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { EndModal(wxID_OK); });
     cmdOpen->SetDefault();

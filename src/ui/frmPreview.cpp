@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "core/modLocalization.h"
+#include "ui/AccessibleText.h"
 #include "ui/Busy.h"
 #include "ui/WxText.h"
 
@@ -34,7 +35,7 @@ void frmPreview::Arrange(const Texts& tabs) {
             new wxTextCtrl(nbkTargets, wxID_ANY, ToWx(GetString("IDS_STA_BUSY")), wxDefaultPosition,
                            FromDIP(wxSize(700, 420)), wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
         text->SetFont(font);
-        text->SetName(ToWx(tabs[i]));
+        SetAccessibleName(*text, FromWx(GetTitle()) + ": " + tabs[i]);
         nbkTargets->AddPage(text, ToWx(tabs[i]));
         txtTargets[i] = text;
     }

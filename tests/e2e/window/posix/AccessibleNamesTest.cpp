@@ -110,6 +110,17 @@ TEST_P(AccessibleNames, OfTheLogWindowAreThereAndDiffer) {
     EXPECT_EQ(names.Count(), 3u) << program.Everything().Tree();
 }
 
+TEST_P(AccessibleNames, OfThePreviewAreThereAndDiffer) {
+    const bool isGerman = std::string(GetParam()) == "DE";
+    const Program program(world_.WindowCall(), "Ventlock");
+    program.Menu(isGerman ? "Extras" : "Tools").Pick(isGerman ? "Vorschau..." : "Preview...");
+    const std::string title = isGerman ? "Vorschau" : "Preview";
+    program.Window(title).ExpectShown();
+    const ControlNames names(WindowTitled(title));
+    ExpectEachNamed(names);
+    EXPECT_EQ(names.Count(), 3u + 3u + 2u) << "texts, tabs, buttons: " << program.Everything().Tree();
+}
+
 TEST_P(AccessibleNames, AreInTheLanguageOfTheWindow) {
     const Program program(world_.WindowCall(), "Ventlock");
     const ControlNames names(WindowTitled("Ventlock"));
