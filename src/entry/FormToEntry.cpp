@@ -8,6 +8,7 @@
 
 #include "base/Text.h"
 #include "db/SchemaVersion.h"
+#include "entry/VersionList.h"
 #include "files/EntryNames.h"
 
 namespace ventlock {
@@ -51,14 +52,6 @@ void PutCategory(FileEntry& entry, std::string_view idKey, std::string_view name
     } else {
         Put(entry, nameKey, choice.text);
     }
-}
-
-std::string SelectedVersions(const EntryForm& form) {
-    std::string joined;
-    for (const OfferedVersion& version : form.lstTAVVersionSupport) {
-        if (version.isSelected) joined.append(joined.empty() ? "" : ", ").append(version.text);
-    }
-    return joined;
 }
 
 /// What the form's device is called; any name does for one whose ids are none.

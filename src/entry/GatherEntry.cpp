@@ -4,6 +4,7 @@
 #include "core/Guarded.h"
 #include "db/SchemaVersion.h"
 #include "entry/ResourceNames.h"
+#include "entry/VersionList.h"
 
 namespace ventlock {
 namespace {
@@ -42,14 +43,6 @@ void GatherCurrentSchema(const EntryForm& form, clsTavDB& tavDB) {
     device.DevDesc = Trimmed(form.txtMain[kDeviceDescriptionBox]);
     device.RevName = Trimmed(form.txtMain[kRevisionNameBox]);
     device.RevDesc = Trimmed(form.txtMain[kRevisionDescriptionBox]);
-}
-
-std::string SelectedVersions(const EntryForm& form) {
-    std::string joined;
-    for (const OfferedVersion& version : form.lstTAVVersionSupport) {
-        if (version.isSelected) joined += ", " + version.text;
-    }
-    return joined.substr(joined.empty() ? 0 : 2);
 }
 
 }  // namespace

@@ -29,4 +29,12 @@ std::vector<std::string> ParseVersionList(std::string_view text, IEvents& events
     });
 }
 
+std::string SelectedVersions(const EntryForm& form) {
+    std::string joined;
+    for (const OfferedVersion& version : form.lstTAVVersionSupport) {
+        if (version.isSelected) joined.append(joined.empty() ? "" : ", ").append(version.text);
+    }
+    return joined;
+}
+
 }  // namespace ventlock

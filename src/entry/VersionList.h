@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/AppObjects.h"
+#include "entry/EntryForm.h"
 #include "platform/IEvents.h"
 
 namespace ventlock {
@@ -13,5 +14,8 @@ namespace ventlock {
 /// another one adds an empty item; one comma at the end adds none. `events` runs once per character.
 std::vector<std::string> ParseVersionList(std::string_view text, IEvents& events,
                                           const AppObjects* oAppObjects = nullptr);
+
+/// The chosen versions of a form in the order they are offered, "5.0, 6.0"; "" for none.
+std::string SelectedVersions(const EntryForm& form);
 
 }  // namespace ventlock
