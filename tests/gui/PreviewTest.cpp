@@ -138,14 +138,16 @@ TEST_F(Preview, SendsNoStatementThatChangesAnything) {
     world_.Statements();
     const frmPreview::Texts texts = Show();
     EXPECT_THAT(texts[0], HasSubstr("'Turbines'"));
-    EXPECT_THAT(world_.Statements(), Each(testing::MatchesRegex("(SELECT|select) .*")));
+    EXPECT_THAT(world_.Statements(), Each(AnyOf(StartsWith("SELECT "), StartsWith("select "))));
 }
 
 TEST_F(Preview, TellsOfTheCategoryThatAFilesCommandWouldMakeBefore) {
     world_.Start().Controls().cboDeviceCategory->SetText("Turbines");
     const frmPreview::Texts texts = Show();
-    EXPECT_THAT(texts[1], testing::MatchesRegex("INSERT INTO MajorDeviceCategories [^\n]*'Turbines'[^\n]*\n"
-                                                "INSERT INTO DeviceCategories [^\n]*\n\n--- (.|\n)*"));
+    EXPECT_THAT(texts[1], StartsWith("INSERT INTO MajorDeviceCategories "));
+    EXPECT_THAT(texts[1], HasSubstr("'Turbines'"));
+    EXPECT_THAT(texts[1], HasSubstr("\nINSERT INTO DeviceCategories "));
+    EXPECT_THAT(texts[1], HasSubstr("\n\n--- "));
 }
 
 TEST_F(Preview, TellsWhatIsThenWritten) {

@@ -54,10 +54,12 @@ class RoundTrip : public testing::Test {
         program.Press({VK_CONTROL, VK_PRIOR});  // round to the last page
         NextPage(program, L"Datasource");
         program.ExpectText(L"Datasource", Wide(database_.Dsn()));
+        program.Press({VK_TAB});  // over the arrow of its list
         program.Press({VK_TAB});
         program.ExpectButtonFocused(L"Switch");
         program.Press({VK_TAB});
         TypeInto(program, {{L"DDInstall File", Wide(machine_.Path("Ddinstal.ini"))}});
+        program.Press({VK_TAB});  // over the arrow of its list
         program.Press({VK_TAB});
         TypeInto(program, {{L"PYX.ini Path", Wide(machine_.Path("Pyx.ini"))}});
 
