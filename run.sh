@@ -8,8 +8,11 @@ cd "$(dirname "$0")"
 . scripts/packages.sh
 
 need_packages "${build_packages[@]}"
-echo "Building the release ..."
-if ! log=$(cmake --preset release 2>&1 && cmake --build --preset release 2>&1); then
+echo "Building the release; the first time takes some minutes ..."
+if [ -t 1 ]; then
+    cmake --preset release >/dev/null
+    cmake --build --preset release # on a terminal it tells how far it is, in one line
+elif ! log=$(cmake --preset release 2>&1 && cmake --build --preset release 2>&1); then
     echo "$log" >&2
     exit 1
 fi

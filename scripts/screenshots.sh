@@ -131,6 +131,12 @@ xdotool key Escape
 xdotool windowactivate --sync "$main" key F1
 picture help "$(dialog)"
 xdotool key alt+F4
+xdotool windowactivate --sync "$main" key alt+t
+xdotool key p
+preview=$(dialog)
+xdotool key ctrl+Next
+picture preview "$preview"
+xdotool key Escape
 stop
 
 "${cli[@]}" settings set DDInstallPath "$world/missing/Ddinstal.ini" --quiet
@@ -140,6 +146,10 @@ xdotool key l
 picture error "$(dialog)"
 xdotool key Return
 xdotool key --delay 200 Return
+xdotool windowactivate --sync "$main" key alt+t
+xdotool key l
+picture log "$(dialog)"
+xdotool key Escape
 stop
 
 set_up DE
