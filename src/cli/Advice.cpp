@@ -77,10 +77,13 @@ std::string TransactionAdvice(const std::vector<std::string>& diagnostics) {
            "--one-transaction out: every entry is written by itself then.";
 }
 
-std::string FileAdvice(ErrorNumber number) {
+std::string FileAdvice(ErrorNumber number, std::string_view naming) {
     switch (number) {
         case ErrorNumber::PathNotFound:
-            return "Make the folder, or name another path.";
+            return std::string("Make the folder, or name another path")
+                .append(naming.empty() ? "" : " by ")
+                .append(naming)
+                .append(".");
         case ErrorNumber::FileNotFound:
             return "Check the path.";
         case ErrorNumber::DiskFull:

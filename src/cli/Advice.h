@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/RunTimeError.h"
@@ -20,6 +21,10 @@ std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool is
 std::string TransactionAdvice(const std::vector<std::string>& diagnostics);
 
 /// What to do when a file cannot be read or written.
-std::string FileAdvice(ErrorNumber number);
+/// @param naming  how a call names the file, "--option" or more; "" when that is plain from the call
+std::string FileAdvice(ErrorNumber number, std::string_view naming = "");
+
+inline constexpr std::string_view kIniPathNaming = "--ini-path or the setting INIPath";
+inline constexpr std::string_view kDDInstallPathNaming = "--ddinstall-path or the setting DDInstallPath";
 
 }  // namespace ventlock

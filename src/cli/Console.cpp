@@ -25,6 +25,11 @@ void Console::WriteProblem(const std::string& line) {
     err_ << ShownText(line) << '\n';
 }
 
+void Console::WriteWarning(const std::string& text) {
+    document["warnings"].push_back(text);
+    if (!isJson && !isQuiet) WriteProblem("ventlock-cli: " + text);
+}
+
 void Console::WriteError(const CliError& error) {
     document["error"] = {{"text", error.what()}, {"details", error.Details()}, {"advice", error.Advice()}};
     TellError(error);

@@ -37,6 +37,10 @@ class Console {
     /// A line about a problem.
     void WriteProblem(const std::string& line);
 
+    /// What went well and may surprise: a line about a problem, and in the document's list "warnings". Only
+    /// the latter with isJson, and with isQuiet.
+    void WriteWarning(const std::string& text);
+
     /// An error in full, and in the document.
     void WriteError(const CliError& error);
 

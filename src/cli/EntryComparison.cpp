@@ -33,13 +33,13 @@ std::string DifferenceText(const Difference& difference) {
            ", found " + (difference.found ? Quoted(*difference.found) : "nothing");
 }
 
-ProfileFile ReadTarget(Services& services, const std::string& path) {
+ProfileFile ReadTarget(Services& services, const std::string& path, std::string_view naming) {
     std::string bytes;
     try {
         bytes = services.Files().ReadAll(path);
     } catch (const RunTimeError& error) {
         if (error.Number() != ErrorNumber::FileNotFound) {
-            throw CliError(CodeOf(error), path + ": " + error.what(), {}, FileAdvice(error.Number()));
+            throw CliError(CodeOf(error), path + ": " + error.what(), {}, FileAdvice(error.Number(), naming));
         }
     }
     return {std::move(bytes), services.Profiles().Page()};

@@ -150,7 +150,8 @@ class Export {
         } catch (const RunTimeError& error) {
             const bool isMissing = error.Number() == ErrorNumber::FileNotFound;
             throw CliError(isMissing ? ExitCode::Unreachable : CodeOf(error),
-                           options_.ddInstallPath + ": " + error.what(), {}, FileAdvice(error.Number()));
+                           options_.ddInstallPath + ": " + error.what(), {},
+                           FileAdvice(error.Number(), kDDInstallPathNaming));
         }
     }
 
@@ -249,12 +250,14 @@ class Export {
             if (options_.isDatabase) return TellLosses(CompareDatabase(services_, plan, objects));
             objects.Gather();
             clsTavDB& facade = objects.Facade();
-            TellLosses(objects.DDInstall().Compare(ReadTarget(services_, options_.ddInstallPath),
-                                                   facade.Manufacturer(), facade.Device()));
+            TellLosses(objects.DDInstall().Compare(
+                ReadTarget(services_, options_.ddInstallPath, kDDInstallPathNaming), facade.Manufacturer(),
+                facade.Device()));
             TellChangedForm(objects);
         } catch (const CliError& error) {
             if (error.Code() != ExitCode::WrongCall) throw;  // nothing is known of the entry then
-            Warn("the entry cannot be registered in its source as it is: " + std::string(error.what()));
+            console_.WriteWarning("the entry cannot be registered in its source as it is: " +
+                                  std::string(error.what()));
         }
     }
 
@@ -265,19 +268,14 @@ class Export {
         clsTavDB& facade = objects.Facade();
         if (!objects.DDInstall().WriteDDInstall(facade.Manufacturer(), facade.Device())) return;
         if (services_.Files().ReadAll(options_.ddInstallPath) != before) {
-            Warn("a registration would write some of the source's lines in another form");
+            console_.WriteWarning("a registration would write some of the source's lines in another form");
         }
     }
 
     void TellLosses(const std::vector<Difference>& differences) {
         for (const Difference& difference : differences) {
-            Warn("a registration would change the source: " + DifferenceText(difference));
+            console_.WriteWarning("a registration would change the source: " + DifferenceText(difference));
         }
-    }
-
-    void Warn(const std::string& text) {
-        console_.document["warnings"].push_back(text);
-        if (!console_.isJson && !console_.isQuiet) console_.WriteProblem("ventlock-cli: " + text);
     }
 
     void Write(const FileEntry& entry, const std::string& text) {

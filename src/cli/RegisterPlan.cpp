@@ -66,17 +66,18 @@ void RegisterPlan::TakeEntries(std::vector<LoadedEntryFile> files) {
 }
 
 void RegisterPlan::RequireTargets() {
-    const auto require = [&](bool isWanted, const std::string& name, const std::string& path) {
+    const auto require = [&](bool isWanted, const std::string& name, const std::string& path,
+                             std::string_view naming) {
         if (!isWanted) return;
         try {
             services_.Files().RequireReplaceable(path);
         } catch (const RunTimeError& error) {
             throw CliError(CodeOf(error), (path.empty() ? name : path) + ": " + error.what(), {},
-                           FileAdvice(error.Number()));
+                           FileAdvice(error.Number(), naming));
         }
     };
-    require(options_.targets.ini, "Pyx.ini", options_.iniPath);
-    require(options_.targets.ddInstall, "Ddinstal.ini", options_.ddInstallPath);
+    require(options_.targets.ini, "Pyx.ini", options_.iniPath, kIniPathNaming);
+    require(options_.targets.ddInstall, "Ddinstal.ini", options_.ddInstallPath, kDDInstallPathNaming);
 }
 
 void RegisterPlan::ConnectDatabase() {

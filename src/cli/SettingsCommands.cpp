@@ -41,6 +41,13 @@ NamedValues AllSettings(clsSettings& settings) {
     return values;
 }
 
+/// A target's path counts from another folder in the window than on the command line, unless it is absolute.
+bool IsTargetPath(const SettingRow& row) {
+    const auto* property = std::get_if<SettingRow::TextProperty>(&row.property);
+    return property != nullptr &&
+           (*property == &clsSettings::INIPath || *property == &clsSettings::DDInstallPath);
+}
+
 [[noreturn]] void RefuseName(const std::string& name) {
     throw CliError(ExitCode::WrongCall, "there is no setting \"" + name + "\"", {},
                    "List them with \"ventlock-cli settings list\".");
@@ -98,12 +105,14 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
             {}, "Change it in " + OwnIniPath(services.Machine().Paths(), services.Machine().Files()) + ".");
     }
     RegistryStatus status = kRegistrySuccess;
+    bool isAnywhere = false;
     if (EqualIgnoringCase(name, "Language")) {
         status = settings.StoreLanguage(value);
     } else {
         const SettingRow* row = FindSetting(name);
         const LateSetting* late = FindLateSetting(name);
         if (row == nullptr && late == nullptr) RefuseName(name);
+        isAnywhere = row != nullptr && IsTargetPath(*row) && services.Absolute(value) != value;
         try {
             if (row != nullptr ? row->IsNumber() : late->isNumber) ToInteger(RequireNumber(value));
             status = row != nullptr ? settings.StoreSetting(*row, value) : settings.StoreLate(*late, value);
@@ -118,6 +127,11 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
                        "Check that you may write the settings store.");
     }
     console.WriteNews(name + "=" + value);
+    if (isAnywhere) {
+        console.WriteWarning(
+            name +
+            " is relative: here it counts from the working folder, in the window from the program's folder");
+    }
     return ExitCode::Done;
 }
 

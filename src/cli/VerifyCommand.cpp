@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "cli/Advice.h"
 #include "cli/CliError.h"
 #include "cli/EntryComparison.h"
 #include "cli/RegisterPlan.h"
@@ -42,8 +43,10 @@ class Verification {
 
     ExitCode Run() {
         plan_.Prepare();
-        if (options_.targets.ini) ini_ = ReadTarget(services_, options_.iniPath);
-        if (options_.targets.ddInstall) ddInstall_ = ReadTarget(services_, options_.ddInstallPath);
+        if (options_.targets.ini) ini_ = ReadTarget(services_, options_.iniPath, kIniPathNaming);
+        if (options_.targets.ddInstall) {
+            ddInstall_ = ReadTarget(services_, options_.ddInstallPath, kDDInstallPathNaming);
+        }
         console_.document["entries"] = Json::array();
         std::size_t done = 0;
         for (const PlannedEntry& entry : plan_.Entries()) {

@@ -205,7 +205,7 @@ TEST_F(BadTarget, APyxIniInAMissingFolderIsRefusedWithCode3) {
         world_, call, 3,
         "ventlock-cli: <world>/entry/no/Pyx.ini: Path not found \"<world>/entry/no/Pyx.ini\": No such file "
         "or directory\n"
-        "  Make the folder, or name another path.\n");
+        "  Make the folder, or name another path by --ini-path or the setting INIPath.\n");
     ExpectRefusedAsDocument(
         world_, call, 3,
         "<world>/entry/no/Pyx.ini: Path not found \"<world>/entry/no/Pyx.ini\": No such file or directory");
@@ -216,7 +216,7 @@ TEST_F(BadTarget, ADriveLetterPathIsRefusedWithCode3AndMakesNoFile) {
     ExpectRefused(
         world_, {"register", "entry.ini", "--ddinstall"}, 3,
         "ventlock-cli: A:\\Ddinstal.ini: Path not found \"A:\\Ddinstal.ini\": No such file or directory\n"
-        "  Make the folder, or name another path.\n");
+        "  Make the folder, or name another path by --ddinstall-path or the setting DDInstallPath.\n");
 }
 
 TEST_F(BadTarget, AnEmptyPathIsNotTheDefaultOne) {

@@ -97,6 +97,27 @@ TEST(Settings, ThatAreSetComeBackFromTheNextRun) {
                    "INIPath=text:\"/a b/Pyx.ini\"\n"));
 }
 
+TEST(Settings, APathThatBeginsAnywhereIsKeptWithAWarning) {
+    const World world;
+    for (const std::string name : {"INIPath", "ddinstallpath"}) {
+        const std::string warning =
+            name +
+            " is relative: here it counts from the working folder, in the window from the program's folder";
+        const ProgramResult told = world.Run({"settings", "set", name, "sub/File.ini"});
+        EXPECT_EQ(told.exitCode, 0);
+        EXPECT_EQ(told.out, name + "=sub/File.ini\n");
+        EXPECT_EQ(told.err, "ventlock-cli: " + warning + "\n");
+        EXPECT_EQ(world.Run({"settings", "get", name}).out, "sub/File.ini\n");
+        const ProgramResult quiet = world.Run({"settings", "set", name, "File.ini", "--quiet"});
+        EXPECT_EQ(quiet.out + quiet.err, "");
+        const ProgramResult document = world.Run({"settings", "set", name, "File.ini", "--json"});
+        EXPECT_EQ(document.err, "");
+        EXPECT_EQ(DocumentOf(document.out)["warnings"], nlohmann::json::array({warning}));
+    }
+    EXPECT_EQ(world.Run({"settings", "set", "INIPath", ""}).err, "");  // names no file at all
+    EXPECT_EQ(world.Run({"settings", "set", "DBPath", "any.mdb"}).err, "");
+}
+
 TEST(Settings, NamesIgnoreCase) {
     const World world;
     EXPECT_EQ(world.Run({"settings", "set", "manname", "Acme"}).exitCode, 0);

@@ -320,7 +320,8 @@ TEST(Verify, OfATargetThatCannotBeReachedEndsWithCode3) {
     ExpectRefused(
         world, {"verify", "flow.ini", "--ini", "--ini-path", "none/Pyx.ini"}, 3,
         "ventlock-cli: <world>/entry/none/Pyx.ini: Path not found \"<world>/entry/none/Pyx.ini\": No "
-        "such file or directory\n  Make the folder, or name another path.\n");
+        "such file or directory\n  Make the folder, or name another path by --ini-path or the setting "
+        "INIPath.\n");
 }
 
 TEST(Verify, OfWrongEntriesAndWithoutTargetsEndsWithCode2) {

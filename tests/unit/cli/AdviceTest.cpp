@@ -182,6 +182,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(AdviceForFiles, NamesTheRemedyForEachKindOfError) {
     EXPECT_EQ(FileAdvice(ErrorNumber::PathNotFound), "Make the folder, or name another path.");
+    EXPECT_EQ(FileAdvice(ErrorNumber::PathNotFound, "--here"),
+              "Make the folder, or name another path by --here.");
     EXPECT_EQ(FileAdvice(ErrorNumber::FileNotFound), "Check the path.");
     EXPECT_EQ(FileAdvice(ErrorNumber::DiskFull), "Make room on the disk.");
     EXPECT_EQ(FileAdvice(ErrorNumber::PermissionDenied),
