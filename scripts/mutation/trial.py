@@ -42,7 +42,8 @@ class Program:
             shutil.rmtree(folder, ignore_errors=True)
 
     def measure(self):
-        """Runs the unchanged program: notes its time and the changes it asks for. Returns what it said if it failed."""
+        """Runs the unchanged program: notes its time and the changes it asks for. Returns how it ended and what it said if it
+        failed."""
         with tempfile.NamedTemporaryFile("r") as seen:
             os.chmod(seen.name, 0o666)
             begin = time.monotonic()
@@ -51,7 +52,7 @@ class Program:
             self.reached = {int(line) for line in seen}
         if code == -1:
             return f"It took longer than {MOST_SECONDS} s."
-        return said if code != 0 else None
+        return f"exit code {code}\n{said}" if code != 0 else None
 
     def answer(self, mutant):
         """ "passed", "failed" or "timeout" with this change."""
