@@ -121,6 +121,34 @@ TEST_P(AccessibleNames, OfThePreviewAreThereAndDiffer) {
     EXPECT_EQ(names.Count(), 3u + 3u + 2u) << "texts, tabs, buttons: " << program.Everything().Tree();
 }
 
+TEST_P(AccessibleNames, OfTheBoxThatAsksWhichEntryAreThereAndDiffer) {
+    const bool isGerman = std::string(GetParam()) == "DE";
+    world_.Write("two.ini", "[Flow]\nManID=26\n[Level]\nManID=27\n");
+    const Program program(world_.WindowCall(), "Ventlock");
+    program.Window("Ventlock").Press("ctrl+o");
+    const std::string title = isGerman ? "Eintrag \u00F6ffnen" : "Open Entry";
+    program.ChooseFile(title, world_.Path("two.ini"));
+    program.Window(title).Button(isGerman ? "Abbrechen" : "Cancel").ExpectShown();
+    const ControlNames names(WindowTitled(title));
+    ExpectEachNamed(names);
+    EXPECT_EQ(names.Count(), 1u + 2u) << "list, buttons: " << program.Everything().Tree();
+    EXPECT_TRUE(names.Contains(isGerman
+                                   ? "Die Datei enth\u00E4lt mehrere Eintr\u00E4ge. W\u00E4hlen Sie den, "
+                                     "der ge\u00F6ffnet werden soll:"
+                                   : "The file holds several entries. Choose the one to be opened:"))
+        << program.Everything().Tree();
+}
+
+TEST_P(AccessibleNames, OfTheAboutBoxAreThereAndDiffer) {
+    const bool isGerman = std::string(GetParam()) == "DE";
+    const Program program(world_.WindowCall(), "Ventlock");
+    program.Menu(isGerman ? "Hilfe" : "Help").Pick(isGerman ? "Info..." : "About...");
+    program.Window("About Ventlock").ExpectShown();
+    const ControlNames names(WindowTitled("About Ventlock"));
+    ExpectEachNamed(names);
+    EXPECT_EQ(names.Count(), 2u) << "buttons: " << program.Everything().Tree();
+}
+
 TEST_P(AccessibleNames, AreInTheLanguageOfTheWindow) {
     const Program program(world_.WindowCall(), "Ventlock");
     const ControlNames names(WindowTitled("Ventlock"));
