@@ -142,7 +142,7 @@ TEST(SpoiledStore, ThatIsNoFileOrTooLargeGivesTheDefaults) {
     EXPECT_EQ(world.Run({"settings", "list"}).out, defaults);
     fs::remove(store);
     WriteBytes(store, "");
-    fs::resize_file(store, std::uintmax_t{1} << 40U);  // takes no room on the disk
+    fs::resize_file(store, std::uintmax_t{1} << 29U);  // takes no room on the disk
     EXPECT_EQ(world.Run({"settings", "list"}).out, defaults);
 }
 
