@@ -102,14 +102,6 @@ TEST_F(ReplaceTest, ALinkIntoAMissingFolderIs76AndOneInACircleIs75) {
     EXPECT_EQ(folder_.Listing(), "a b link.ini");
 }
 
-TEST_F(ReplaceTest, APathWithoutAFolderMeansTheWorkingFolder) {
-    const WorkingFolder here(folder_.Path());
-    files_.Replace("a.ini", "new");
-    files_.Lock("a.ini");
-    EXPECT_EQ(ReadBytes(folder_ / "a.ini"), "new");
-    EXPECT_EQ(folder_.Listing(), "a.ini");
-}
-
 TEST_F(ReplaceTest, AWriteGoesOnHoweverLittleIsTakenAtOnceAndHoweverOftenItIsInterrupted) {
     ScriptedCalls script;
     script.Stutter();

@@ -8,6 +8,7 @@
 
 #include "support/Raised.h"
 #include "support/TempFolder.h"
+#include "support/WorkingFolder.h"
 #include "unit/platform/posix/Children.h"
 #include "unit/platform/posix/ProcessState.h"
 

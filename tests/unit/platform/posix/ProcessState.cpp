@@ -24,16 +24,6 @@ void EnvironmentVariable::Set(const std::optional<std::string>& value) const {
     EXPECT_EQ(value ? setenv(name_.c_str(), value->c_str(), 1) : unsetenv(name_.c_str()), 0);
 }
 
-WorkingFolder::WorkingFolder(const std::string& path) : before_(fs::current_path().string()) {
-    fs::current_path(path);
-}
-
-WorkingFolder::~WorkingFolder() {
-    std::error_code error;
-    fs::current_path(before_, error);
-    EXPECT_FALSE(error) << before_;
-}
-
 int ModeOf(const std::string& path) {
     struct stat facts {};
     return stat(path.c_str(), &facts) == 0 ? static_cast<int>(facts.st_mode & 07777U) : -1;

@@ -23,18 +23,6 @@ class EnvironmentVariable {
     std::optional<std::string> before_;
 };
 
-/// Works in another folder for as long as this object lives.
-class WorkingFolder {
- public:
-    explicit WorkingFolder(const std::string& path);
-    ~WorkingFolder();
-    WorkingFolder(const WorkingFolder&) = delete;
-    WorkingFolder& operator=(const WorkingFolder&) = delete;
-
- private:
-    std::string before_;
-};
-
 /// Another file mode mask for as long as this object lives.
 class FileModeMask {
  public:

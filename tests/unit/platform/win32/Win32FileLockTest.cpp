@@ -1,15 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "platform/win32/Win32Files.h"
-#include "support/Raised.h"
-#include "support/TempFolder.h"
+#include "unit/platform/FilesTest.h"
 #include "unit/platform/win32/Children.h"
 #include "unit/platform/win32/FileFacts.h"
 
@@ -19,33 +16,15 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
-class Win32FileLockTest : public testing::Test {
- protected:
-    TempFolder folder_;
-    Win32Files impatient_{milliseconds(30)};
-    Win32Files patient_{std::chrono::seconds(60)};
-};
+using Win32FileLockTest = FileLockTest;
 
-TEST_F(Win32FileLockTest, IsAHiddenFileBesideTheOneThatItGuardsAndGoesWithIt) {
-    auto lock = patient_.Lock(folder_ / "a.ini");
-    EXPECT_EQ(folder_.Listing(), ".a.ini.lock");
+TEST_F(Win32FileLockTest, IsAHiddenFile) {
+    const auto lock = patient_->Lock(folder_ / "a.ini");
     EXPECT_NE(AttributesOf(folder_ / ".a.ini.lock") & FILE_ATTRIBUTE_HIDDEN, 0U);
-    lock.reset();
-    EXPECT_EQ(folder_.Listing(), "");
-}
-
-TEST_F(Win32FileLockTest, AnotherHolderIsWaitedForWithinTheBound) {
-    const auto lock = patient_.Lock(folder_ / "a.ini");
-    const auto begin = std::chrono::steady_clock::now();
-    EXPECT_EQ(TextRaisedBy([&] { impatient_.Lock(folder_ / "a.ini"); }),
-              "Permission denied \"" + folder_ / "a.ini" + "\": " + SystemWords(ERROR_SHARING_VIOLATION));
-    EXPECT_GE(std::chrono::steady_clock::now() - begin, milliseconds(30));
-    EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "a.ini"); }), 70);
-    EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "b.ini"); }), 0);
 }
 
 TEST_F(Win32FileLockTest, IsTriedAgainAfterEveryPause) {
-    auto lock = patient_.Lock(folder_ / "a.ini");
+    auto lock = patient_->Lock(folder_ / "a.ini");
     int pauses = 0;
     Win32Files other(std::chrono::seconds(60), [&](milliseconds) {
         if (++pauses == 3) lock.reset();
@@ -58,51 +37,20 @@ TEST_F(Win32FileLockTest, IsTriedAgainAfterEveryPause) {
 TEST_F(Win32FileLockTest, NamesThatLeadToTheSameFileShareOneLock) {
     for (const bool isThere : {false, true}) {
         if (isThere) WriteBytes(folder_ / "a.ini", "");
-        auto lock = patient_.Lock(folder_ / "a.ini");
-        EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "A.Ini"); }), 70);
-        EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_.Path() + "/./a.ini"); }), 70);
+        auto lock = patient_->Lock(folder_ / "a.ini");
+        EXPECT_EQ(NumberRaisedBy([&] { impatient_->Lock(folder_ / "A.Ini"); }), 70);
+        EXPECT_EQ(NumberRaisedBy([&] { impatient_->Lock(folder_.Path() + "/./a.ini"); }), 70);
         lock.reset();
-        EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "A.Ini"); }), 0);
+        EXPECT_EQ(NumberRaisedBy([&] { impatient_->Lock(folder_ / "A.Ini"); }), 0);
     }
 }
 
 TEST_F(Win32FileLockTest, OfALinkIsThatOfItsFile) {
     WriteBytes(folder_ / "a.ini", "");
     if (!MakeLink(folder_ / "link.ini", "a.ini")) GTEST_SKIP() << "this user can make no links";
-    const auto lock = patient_.Lock(folder_ / "link.ini");
-    EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "a.ini"); }), 70);
+    const auto lock = patient_->Lock(folder_ / "link.ini");
+    EXPECT_EQ(NumberRaisedBy([&] { impatient_->Lock(folder_ / "a.ini"); }), 70);
     EXPECT_EQ(folder_.Listing(), ".a.ini.lock a.ini link.ini");
-}
-
-TEST_F(Win32FileLockTest, OutlastsTheReplacementOfItsFile) {
-    const auto lock = patient_.Lock(folder_ / "a.ini");
-    patient_.Replace(folder_ / "a.ini", "1");
-    patient_.Replace(folder_ / "a.ini", "2");
-    EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "a.ini"); }), 70);
-}
-
-TEST_F(Win32FileLockTest, KeepsThreadsOfOneProgramApart) {
-    constexpr int kThreads = 4;
-    constexpr int kTimes = 50;
-    std::atomic<int> holders = 0;
-    std::atomic<bool> shared = false;
-    int count = 0;
-    std::vector<std::thread> threads;
-    threads.reserve(kThreads);
-    for (int i = 0; i < kThreads; ++i) {
-        threads.emplace_back([&] {
-            for (int n = 0; n < kTimes; ++n) {
-                const auto lock = patient_.Lock(folder_ / "a.ini");
-                if (++holders != 1) shared = true;
-                ++count;
-                --holders;
-            }
-        });
-    }
-    for (std::thread& thread : threads) thread.join();
-    EXPECT_FALSE(shared);
-    EXPECT_EQ(count, kThreads * kTimes);
-    EXPECT_EQ(folder_.Listing(), "");
 }
 
 TEST_F(Win32FileLockTest, KeepsProgramsApart) {
@@ -110,9 +58,9 @@ TEST_F(Win32FileLockTest, KeepsProgramsApart) {
     const Signal release(folder_.Path(), "release");
     const Child other(kHoldLock, folder_.Path());
     held.Await();
-    EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "a.ini"); }), 70);
+    EXPECT_EQ(NumberRaisedBy([&] { impatient_->Lock(folder_ / "a.ini"); }), 70);
     release.Give();
-    EXPECT_EQ(NumberRaisedBy([&] { patient_.Lock(folder_ / "a.ini"); }), 0);
+    EXPECT_EQ(NumberRaisedBy([&] { patient_->Lock(folder_ / "a.ini"); }), 0);
     EXPECT_EQ(other.ExitCode(), 0);
     EXPECT_EQ(folder_.Listing(), "");
 }
@@ -121,16 +69,16 @@ TEST_F(Win32FileLockTest, OfAKilledProgramHoldsNobodyUpAndLeavesNothing) {
     const Signal held(folder_.Path(), "held");
     const Child other(kHoldLock, folder_.Path());
     held.Await();
-    EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "a.ini"); }), 70);
+    EXPECT_EQ(NumberRaisedBy([&] { impatient_->Lock(folder_ / "a.ini"); }), 70);
     other.Kill();
     EXPECT_NE(other.ExitCode(), 0);
-    EXPECT_EQ(NumberRaisedBy([&] { patient_.Lock(folder_ / "a.ini"); }), 0);
+    EXPECT_EQ(NumberRaisedBy([&] { patient_->Lock(folder_ / "a.ini"); }), 0);
     EXPECT_EQ(folder_.Listing(), "");
 }
 
 TEST_F(Win32FileLockTest, OneThatALossOfPowerLeftBehindHoldsNobodyUp) {
     WriteBytes(folder_ / ".a.ini.lock", "");
-    EXPECT_EQ(NumberRaisedBy([&] { impatient_.Lock(folder_ / "a.ini"); }), 0);
+    EXPECT_EQ(NumberRaisedBy([&] { impatient_->Lock(folder_ / "a.ini"); }), 0);
     EXPECT_EQ(folder_.Listing(), "");
 }
 
@@ -140,7 +88,7 @@ TEST_F(Win32FileLockTest, RemovesWhatAnEndedProgramHasLeftOfTheFileAndItsBackupA
         WriteBytes(folder_ / ("." + name + ".ventlock-" + digits + ".tmp"), "");
     }
     WriteBytes(folder_ / (".a.ini.ventlock-" + digits.substr(1) + ".tmp"), "");
-    patient_.Lock(folder_ / "a.ini");
+    patient_->Lock(folder_ / "a.ini");
     EXPECT_EQ(folder_.Listing(), ".a.ini.ventlock-" + digits.substr(1) + ".tmp .a.ini2.ventlock-" + digits +
                                      ".tmp .b.ini.ventlock-" + digits + ".tmp");
 }
