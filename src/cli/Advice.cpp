@@ -56,6 +56,9 @@ std::string StatementAdvice(const std::vector<std::string>& diagnostics, bool is
     if (Mention(diagnostics, {"Invalid DSN"})) {
         return "Choose another name for the data source: at most 32 characters, none of []{}(),;?*=!@\\.";
     }
+    if (Mention(diagnostics, {"does not list the data source"})) {
+        return "Make the data source where the driver manager keeps its own, and the database without --dsn.";
+    }
     if (Mention(diagnostics, {"disk is full", "disk full"})) return "Make room on the database's disk.";
     if (odbc::TellDuplicate(diagnostics)) {
         if (isOldSchema) {

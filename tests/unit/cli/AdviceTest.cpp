@@ -122,6 +122,11 @@ INSTANTIATE_TEST_SUITE_P(
                               {"[HY000] Record has changed since last read in table 'DeviceTypes' (1020)"},
                               false,
                               "Another program wrote to the same rows."},
+                    AdviceRow{"DataSourceThatIsKeptElsewhere",
+                              {"[HY000] The driver manager does not list the data source PYX that was "
+                               "registered (0)"},
+                              false,
+                              "Make the data source where the driver manager keeps its own"},
                     AdviceRow{"ServerThatWasEnded",
                               {"[57P01] FATAL: terminating connection due to administrator command (35)"},
                               false,
