@@ -72,8 +72,10 @@ TEST_F(LogWindow, FollowsNewEntriesBesideTheMainWindow) {
 }
 
 TEST_F(LogWindow, KeepsTheLastEntriesOnly) {
+    for (std::size_t i = 0; i < LogHistory::kMost; ++i) Add("entry " + std::to_string(i) + ".");
     frmLog& log = Open();
-    for (std::size_t i = 0; i <= LogHistory::kMost; ++i) Add("entry " + std::to_string(i) + ".");
+    EXPECT_THAT(Text(log), testing::StartsWith("14:03:27  entry 0.\n"));
+    Add("entry 500.");
     EXPECT_THAT(Text(log), testing::StartsWith("14:03:27  entry 1.\n"));
     EXPECT_THAT(Text(log), testing::EndsWith("entry 500.\n"));
 }
