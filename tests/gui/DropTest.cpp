@@ -1,5 +1,5 @@
 // Files dropped onto the window: its own drop target is called as the toolkit calls it. The way of the
-// desktop to it is the toolkit's.
+// desktop to it is gone in the tests from outside.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "support/outside/FileDrag.h"
 #include "support/outside/Keyboard.h"
 #include "support/outside/Waiting.h"
 
@@ -67,6 +68,10 @@ std::string Program::Told() const {
     } catch (const Gone& gone) {
         return std::string("Nothing is known of the program: ") + gone.what();
     }
+}
+
+void Program::TakeFiles(const std::vector<std::string>& paths) const {
+    DropFiles(process_, paths);
 }
 
 void Program::AskToEnd() const {

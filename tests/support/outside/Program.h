@@ -52,6 +52,10 @@ class Program {
     /// the dialog has gone.
     void ChooseFile(const std::string& title, const std::string& path) const;
 
+    /// Lets files go over the middle of its window, as a file manager does, and waits until it has taken
+    /// them.
+    void TakeFiles(const std::vector<std::string>& paths) const;
+
     /// Wishes that it end, as the host does when its session ends.
     void AskToEnd() const;
 
