@@ -11,16 +11,14 @@ namespace {
 
 const Trail* present = nullptr;
 
-void PrintPresent() {
-    if (present != nullptr) present->Print(std::cerr);
-}
-
 }  // namespace
 
 Trail::Trail(std::uint32_t seed) : seed_(seed) {
     present = this;
 #ifdef __SANITIZE_ADDRESS__
-    __sanitizer_set_death_callback(PrintPresent);
+    __sanitizer_set_death_callback([] {
+        if (present != nullptr) present->Print(std::cerr);
+    });
 #endif
 }
 
