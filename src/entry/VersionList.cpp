@@ -21,10 +21,7 @@ std::vector<std::string> ParseVersionList(std::string_view text, IEvents& events
             i = 0;
         }
         step = "04";
-        if (!rest.empty()) {
-            if (rest.back() == ',') rest.remove_suffix(1);
-            items.emplace_back(rest);
-        }
+        if (!rest.empty()) items.emplace_back(rest);
         return items;
     });
 }

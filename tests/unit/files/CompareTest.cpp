@@ -67,6 +67,13 @@ TEST_F(CompareDDInstall, FindsNothingInWhatTheWriteLeaves) {
         IsEmpty());
 }
 
+TEST_F(CompareDDInstall, CountsDevicesFromOne) {
+    const std::string written = AfterWrite("[General]\nNumOfMfg=0\n");
+    std::string device = written.substr(written.find("[000026.1]"));
+    device.replace(0, device.find(']'), "[000026.0");
+    EXPECT_THAT(Compare(written + CrLf("\n") + device), IsEmpty());
+}
+
 TEST_F(CompareDDInstall, FindsEveryKeyThatTheWriteSets) {
     const std::string written = AfterWrite("[General]\nNumOfMfg=0\n");
     std::size_t found = 0;

@@ -48,6 +48,7 @@ TEST(PasswordMask, HidesThePasswordOfAConnectString) {
 TEST(PasswordMask, LeavesWhatIsNoPassword) {
     EXPECT_EQ(MaskPasswords("UID=sa;PWD=;DSN=PYX"), "UID=sa;PWD=;DSN=PYX");
     EXPECT_EQ(MaskPasswords("NOPWD=1;PWDX=2;UID=PWD"), "NOPWD=1;PWDX=2;UID=PWD");
+    EXPECT_EQ(MaskPasswords("0PWD=1;9PWD=2;_PWD=3"), "0PWD=1;9PWD=2;_PWD=3");
     EXPECT_EQ(MaskPasswords("The password is wrong"), "The password is wrong");
     EXPECT_EQ(MaskPasswords("Müller Ω"), "Müller Ω");
     EXPECT_EQ(MaskPasswords(""), "");

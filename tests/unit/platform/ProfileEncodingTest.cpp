@@ -77,6 +77,12 @@ TEST(ProfileEncoding, AUtf16FileTakesCharactersThatTheCodePageLacks) {
     EXPECT_EQ(WesternFile(bytes).Read("a", "ω"), "\xF0\x9F\x98\x80");
 }
 
+TEST(ProfileEncoding, AUtf16FileRefusesBytesThatAreNoCharacter) {
+    ProfileFile file = WesternFile(MarkedUtf16("[A]\r\n"));
+    EXPECT_EQ(DescriptionRaisedBy([&] { file.Write("A", "x", "1\xFF"); }),
+              "Path/File access error \"1\xFF\" holds a character that UTF-16 lacks");
+}
+
 TEST(ProfileEncoding, ALineFeedWithinAUtf16CharacterIsNoLineEnd) {
     // U+0A0D and U+0D0A consist of the bytes of a line end.
     const std::string bytes = MarkedUtf16("[A]\r\nx=") + "\x0D\x0A\x0A\x0D"s + std::string("\r\0\n\0", 4);

@@ -14,6 +14,7 @@
 #include "support/Raised.h"
 #include "support/TempFolder.h"
 #include "support/posix/ScriptedCalls.h"
+#include "unit/platform/posix/Children.h"
 #include "unit/platform/posix/ProcessState.h"
 
 namespace ventlock::test {
@@ -108,6 +109,17 @@ TEST_F(ReplaceTest, AWriteGoesOnHoweverLittleIsTakenAtOnceAndHoweverOftenItIsInt
     PosixFiles files(std::chrono::seconds(1), ScriptedCalls::Calls());
     files.Replace(folder_ / "a.ini", "[Section]\r\nkey=value\r\n");
     EXPECT_EQ(files.ReadAll(folder_ / "a.ini"), "[Section]\r\nkey=value\r\n");
+    EXPECT_EQ(folder_.Listing(), "a.ini");
+}
+
+TEST_F(ReplaceTest, AProgramWithoutAStandardInputReplacesItsFileAllTheSame) {
+    Child program([&] {
+        close(STDIN_FILENO);  // the temporary file has the descriptor 0 then
+        files_.Replace(folder_ / "a.ini", "new");
+        return 0;
+    });
+    EXPECT_EQ(program.ExitCode(), 0);
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini"), "new");
     EXPECT_EQ(folder_.Listing(), "a.ini");
 }
 

@@ -1,6 +1,7 @@
 #include "platform/posix/PosixPaths.h"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -76,9 +77,9 @@ TEST(PosixPaths, TheWindowsDirectoryIsTheFolderOfTheUsersConfiguration) {
 TEST(PosixPaths, WithoutAHomeVariableTheSystemsUserListCounts) {
     const EnvironmentVariable home("HOME", std::nullopt);
     const EnvironmentVariable config("XDG_CONFIG_HOME", std::nullopt);
-    const std::string folder = PosixPaths("ventlock").WindowsDirectory();
-    EXPECT_TRUE(folder.starts_with('/')) << folder;
-    EXPECT_TRUE(folder.ends_with("/.config/ventlock")) << folder;
+    const passwd* const user = getpwuid(geteuid());
+    ASSERT_NE(user, nullptr);
+    EXPECT_EQ(PosixPaths("ventlock").WindowsDirectory(), fs::path(user->pw_dir) / ".config/ventlock");
 }
 
 TEST(PosixPaths, TheStateFolderIsMadeForTheUserAlone) {
