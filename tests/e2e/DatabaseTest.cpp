@@ -1,4 +1,7 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 #include "e2e/Refused.h"
 
@@ -13,9 +16,9 @@ TEST(DatabaseCreate, MakesAFileAndADataSourceThatChecksForeignKeys) {
               "<world>/entry/device.db: made with the current schema\n"
               "data source \"PLANT\" leads to it\n");
     EXPECT_EQ(result.err, "");
-    EXPECT_EQ(
-        ReadBytes(world.UserDataSources()),
-        "[PLANT]\nDriver=SQLite3\nDatabase=" + world.Path("device.db") + "\nFKSupport=1\nTimeout=10000\n\n");
+    EXPECT_EQ(ReadBytes(world.UserDataSources()),
+              "[PLANT]\nDriver=SQLite3\nDatabase=" + world.Path("device.db") +
+                  "\nFKSupport=1\nNoCreat=1\nTimeout=10000\n\n");
     EXPECT_EQ(world.Rows("SELECT Major, Minor FROM __version"), "1|1\n");
     EXPECT_EQ(world.Rows("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name"),
               "DeviceCategories\nDeviceProtocols\nDeviceRevisions\nDeviceTypes\nMajorDeviceCategories\n"
@@ -47,6 +50,21 @@ TEST(DatabaseCreate, OverwritesNothing) {
                   "  Name a new file; nothing is overwritten.\n");
     ExpectRefusedAsDocument(world, {"database", "create", "--file", "device.db"}, 2,
                             "<world>/entry/device.db exists");
+}
+
+TEST(DatabaseCreate, MakesADataSourceThatMakesNoDatabaseByItself) {
+    const World world;
+    world.MakeDatabase();
+    world.Write("entry.ini", kFlowEntry);
+    std::filesystem::remove(world.Path("device.db"));
+    for (const char* const command : {"verify", "register"}) {
+        const ProgramResult result = world.Run({command, "entry.ini", "--db"});
+        EXPECT_EQ(result.exitCode, 3);
+        EXPECT_THAT(result.err, testing::EndsWith(
+                                    "\n  The database that the data source names is not there, or may not be "
+                                    "opened. Correct the data source, or make the database.\n"));
+        EXPECT_EQ(world.Listing(), "entry.ini");
+    }
 }
 
 TEST(DatabaseCreate, LeavesADataSourceOfThatNameAlone) {

@@ -84,11 +84,14 @@ std::vector<std::string> ListDrivers() {
 void RegisterSqliteDataSource(const std::string& name, const std::string& file) {
     for (const std::string& driver : ListDrivers()) {
         if (!IsForSqlite3(driver)) continue;
-        // The driver checks foreign keys only when it is told to. It waits for a locked file on its own and
-        // cannot be interrupted there, so it must give up well before a query's limit.
-        odbc::WriteUserDataSource(
-            name, driver,
-            {{"Database", file}, {"FKSupport", "1"}, {"Timeout", std::string(kLockPatienceMilliseconds)}});
+        // The driver checks foreign keys only when it is told to, and makes a file that is not there unless
+        // it is told not to. It waits for a locked file on its own and cannot be interrupted there, so it
+        // must give up well before a query's limit.
+        odbc::WriteUserDataSource(name, driver,
+                                  {{"Database", file},
+                                   {"FKSupport", "1"},
+                                   {"NoCreat", "1"},
+                                   {"Timeout", std::string(kLockPatienceMilliseconds)}});
         odbc::RequireListed(name);
         return;
     }

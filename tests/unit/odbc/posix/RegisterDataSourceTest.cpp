@@ -42,16 +42,27 @@ TEST(RegisterDataSource, ANewOneIsWrittenIntoTheUsersFile) {
     EXPECT_EQ(section.substr(0, section.find("\n\n") + 1),
               "[" + name +
                   "]\nDriver=SQLite3\nDatabase=/some where/Ω ü.db\n"
-                  "FKSupport=1\nTimeout=10000\n");
+                  "FKSupport=1\nNoCreat=1\nTimeout=10000\n");
 }
 
 TEST(RegisterDataSource, AFileNameOutsideAsciiIsOpened) {
     TempFolder folder;
     const std::string name = OdbcFolder::Get().UnusedName();
+    WriteBytes(folder / "Gerät Ω 中.db", "");
     RegisterSqliteDataSource(name, folder / "Gerät Ω 中.db");
     Engine engine;
     engine.Open("ODBC;UID=sa;PWD=;DSN=" + name)->Execute("CREATE TABLE t (x INTEGER)");
     EXPECT_EQ(folder.Listing(), "Gerät Ω 中.db");
+}
+
+TEST(RegisterDataSource, AFileThatIsGoneIsNotMadeAnew) {
+    TempFolder folder;
+    const std::string name = OdbcFolder::Get().UnusedName();
+    RegisterSqliteDataSource(name, folder / "device.db");
+    Engine engine;
+    EXPECT_THAT(DiagnosticsOf([&] { engine.Open("ODBC;UID=sa;PWD=;DSN=" + name); }),
+                testing::ElementsAre(testing::HasSubstr("[SQLite]connect failed")));
+    EXPECT_EQ(folder.Listing(), "");
 }
 
 TEST(RegisterDataSource, RegisteringAgainChangesTheFile) {

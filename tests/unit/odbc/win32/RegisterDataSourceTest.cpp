@@ -47,6 +47,7 @@ TEST(RegisterDataSource, OneThatTheDriverManagerDoesNotListFailsAndIsTakenBack) 
               (std::vector<std::ptrdiff_t>{-1, -1}));
     EXPECT_EQ(SettingOf(name, "Database"), "C:\\device.db");
     EXPECT_EQ(SettingOf(name, "FKSupport"), "1");
+    EXPECT_EQ(SettingOf(name, "NoCreat"), "1");
     EXPECT_EQ(SettingOf(name, "Timeout"), "10000");
     RemoveSettings(name);
 }
