@@ -85,7 +85,7 @@ class Export {
             });
             if (at == std::string::npos || key == keys.end()) {
                 throw CliError(ExitCode::WrongCall, "--set \"" + given + "\" is no KEY=VALUE of an entry", {},
-                               "The keys are those of docs/entry-files.md, DLLName=flow.dll for one.");
+                               "The keys are those of entry files, DLLName=flow.dll for one.");
             }
             more.emplace_back(key->name, given.substr(at + 1));
         }

@@ -41,6 +41,16 @@ done
 mkdir "$work/book"
 unzip -q "$tree/usr/share/ventlock/Ventlock.hlp" -d "$work/book"
 expect "Ventlock.hlp" "" "$(diff -rq "$root/data/help" "$work/book" 2>&1 || true)"
+# links <guide>: files that it leads to, beside it.
+links() {
+    sed -n 's/](/\n](/gp' "$1" | sed -n 's/^](\([^)#]*\)[)#].*/\1/p' | grep -v '^$\|://' | sort -u
+}
+for guide in "$tree"/usr/share/doc/ventlock/*.md; do
+    for file in $(links "$guide"); do
+        [ -e "$(dirname "$guide")/$file" ] || expect "link of $(basename "$guide")" "$file" "no such file"
+    done
+done
+expect "links of the guide" "windows.md" "$(links "$tree/usr/share/doc/ventlock/guide.md" | grep -x windows.md || true)"
 expect "samples" "" "$(diff -rq "$root/data/sample" "$tree/usr/share/doc/ventlock/examples" 2>&1 || true)"
 for icon in "$tree"/usr/share/icons/hicolor/[0-9]*/apps/ventlock.png; do
     size=${icon#"$tree"/usr/share/icons/hicolor/}
