@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -80,8 +81,18 @@ RunningProgram::RunningProgram(const ProgramCall& call) : handles_(std::make_uni
 
     std::vector<std::string> command = call.command;
     std::vector<std::string> environment = call.environment;
-    const int error = posix_spawn(&handles_->process, command.front().c_str(), &actions, nullptr,
+    // Whoever started the tests may pass signals over; the program gets them as from a terminal.
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int number : {SIGINT, SIGHUP, SIGQUIT, SIGTERM}) sigaddset(&signals, number);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setsigdefault(&attributes, &signals);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF);
+
+    const int error = posix_spawn(&handles_->process, command.front().c_str(), &actions, &attributes,
                                   Pointers(command).data(), Pointers(environment).data());
+    posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&actions);
     close(out.theirs);
     close(err.theirs);
