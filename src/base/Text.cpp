@@ -15,4 +15,8 @@ std::size_t CharacterCount(std::string_view utf8) {
     return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), isLead));
 }
 
+std::string Counted(std::size_t count, std::string_view noun) {
+    return std::to_string(count).append(" ").append(noun).append(count == 1 ? "" : "s");
+}
+
 }  // namespace ventlock

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace ventlock {
@@ -11,5 +12,8 @@ std::string_view Trim(std::string_view text);
 
 /// Characters (code points) of a UTF-8 text; a byte that is no UTF-8 counts as one.
 std::size_t CharacterCount(std::string_view utf8);
+
+/// The count and what is counted, "1 error" and "2 errors", of a noun that takes an "s".
+std::string Counted(std::size_t count, std::string_view noun);
 
 }  // namespace ventlock

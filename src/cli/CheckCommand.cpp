@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Text.h"
 #include "cli/EntryFiles.h"
 #include "db/SchemaVersion.h"
 
@@ -33,7 +34,7 @@ ExitCode RunCheck(Services& services, const CheckOptions& options, Console& cons
         }
     }
     const bool isWrong = errors != 0 || (options.isStrict && warnings != 0);
-    console.WriteNews(std::to_string(errors) + " errors, " + std::to_string(warnings) + " warnings");
+    console.WriteNews(Counted(errors, "error") + ", " + Counted(warnings, "warning"));
     return isWrong ? ExitCode::WrongCall : ExitCode::Done;
 }
 

@@ -56,12 +56,14 @@ void AddEntry(const Json& entry, std::vector<ReportCase>& cases) {
 
 void AddFinding(const Json& finding, std::vector<ReportCase>& cases) {
     const std::string severity = TextAt(finding, "severity");
-    cases.push_back({TextAt(finding, "file"),
-                     finding.value("line", 0),
-                     "line " + std::to_string(finding.value("line", 0)) + " [" + TextAt(finding, "id") + "]",
-                     severity == "error" ? Outcome::Failed : Outcome::Passed,
-                     severity,
-                     {TextAt(finding, "text")}});
+    const int line = finding.value("line", 0);
+    cases.push_back(
+        {TextAt(finding, "file"),
+         line,
+         (line == 0 ? "" : "line " + std::to_string(line) + " ") + "[" + TextAt(finding, "id") + "]",
+         severity == "error" ? Outcome::Failed : Outcome::Passed,
+         severity,
+         {TextAt(finding, "text")}});
 }
 
 /// What ended the run, or what no entry's own failure accounts for: the commit of all, for one.

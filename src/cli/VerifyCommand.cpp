@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/Text.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
 #include "cli/EntryComparison.h"
@@ -55,7 +56,7 @@ class Verification {
         }
         console_.document["differences"] = differences_;
         const std::string failed = failures_ == 0 ? "" : ", " + std::to_string(failures_) + " not compared";
-        console_.WriteNews(std::to_string(differences_) + " differences" + failed);
+        console_.WriteNews(Counted(differences_, "difference") + failed);
         return differences_ == 0 && failures_ == 0 ? ExitCode::Done : ExitCode::TargetFailed;
     }
 

@@ -138,9 +138,9 @@ KeyCounts CountKeys(std::string_view text) {
 }  // namespace
 
 std::string FindingLine(const std::string& path, const Finding& finding) {
-    return path + ":" + std::to_string(finding.line) + ": " +
-           (finding.severity == Severity::Error ? "error" : "warning") + " [" + finding.id + "] " +
-           finding.text;
+    const std::string line = finding.line == 0 ? "" : ":" + std::to_string(finding.line);
+    return path + line + ": " + (finding.severity == Severity::Error ? "error" : "warning") + " [" +
+           finding.id + "] " + finding.text;
 }
 
 std::span<const EntryKey> EntryKeys() {

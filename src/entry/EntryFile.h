@@ -21,7 +21,7 @@ struct Finding {
     bool operator==(const Finding&) const = default;
 };
 
-/// `path:line: error|warning [id] text`
+/// `path:line: error|warning [id] text`, without a line for the file as a whole.
 std::string FindingLine(const std::string& path, const Finding& finding);
 
 /// One key of an entry file: its name and what an entry without it has.

@@ -45,7 +45,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         BadEntry{
             "Empty", "",
-            "entry.ini:0: error [no-section] the file holds no entry; begin each one with a line [name]\n"},
+            "entry.ini: error [no-section] the file holds no entry; begin each one with a line [name]\n"},
         BadEntry{
             "WithoutSections", "ManID=26\nManName=Acme\n",
             "entry.ini:1: error [no-section] \"ManID\" stands before the first section; begin the entry with "

@@ -149,6 +149,25 @@ TEST(Check, LooksOnlyAtWhatTheNamedTargetsNeed) {
               "2 errors, 0 warnings\n");
 }
 
+TEST(Check, CountsInWords) {
+    const World world;
+    world.Write("entry.ini", "[A]\nManID=26\nManName=A\nDevID=7G\nDLLName=d\n");
+    EXPECT_EQ(world.Run({"check", "entry.ini", "--db"}).out,
+              "entry.ini:4: error [hex-digits] DevID \"7G\" is no hexadecimal number; use the digits 0 to 9 "
+              "and A to F only\n"
+              "entry.ini:5: warning [missing-file] DLLName \"d.dll\" is not beside the entry file\n"
+              "1 error, 1 warning\n");
+}
+
+TEST(Check, GivesAFindingOfTheWholeFileWithoutALine) {
+    const World world;
+    world.Write("entry.ini", "");
+    EXPECT_EQ(world.Run({"check", "entry.ini"}).out,
+              "entry.ini: error [no-section] the file holds no entry; begin each one with a line [name]\n"
+              "1 error, 0 warnings\n");
+    EXPECT_EQ(DocumentOf(world.Run({"check", "entry.ini", "--json"}).out)["findings"][0]["line"], 0);
+}
+
 TEST(Check, GivesItsFindingsAsADocument) {
     const World world;
     world.Write("entry.ini", "[A]\nManID=26\nManName=A\nDevID=7G\n");

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "base/Text.h"
 #include "e2e/Refused.h"
 
 namespace ventlock::test {
@@ -44,7 +45,7 @@ class Verified : public testing::Test {
         for (const std::string& text : differences)
             lines += "[Flow] flow.ini:1: " + place + ": " + text + "\n";
         if (differences.empty()) lines = "[Flow] flow.ini:1: " + place + ": same\n";
-        EXPECT_EQ(result.out, lines + std::to_string(differences.size()) + " differences\n");
+        EXPECT_EQ(result.out, lines + Counted(differences.size(), "difference") + "\n");
         EXPECT_EQ(world_.Snapshot(), before);
     }
 

@@ -23,5 +23,12 @@ TEST(CharacterCount, CountsCharactersNotBytes) {
     EXPECT_EQ(CharacterCount("a\xFF"), 2U);
 }
 
+TEST(Counted, HasOneOfANounAndManyOfThem) {
+    EXPECT_EQ(Counted(0, "error"), "0 errors");
+    EXPECT_EQ(Counted(1, "error"), "1 error");
+    EXPECT_EQ(Counted(2, "error"), "2 errors");
+    EXPECT_EQ(Counted(21, "difference"), "21 differences");
+}
+
 }  // namespace
 }  // namespace ventlock

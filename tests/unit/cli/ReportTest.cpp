@@ -49,8 +49,10 @@ TEST(Report, TellsApartWhatHasOneName) {
         {"file", "a.ini"}, {"line", 2}, {"id", "too-long"}, {"severity", "warning"}, {"text", "t"}};
     Json other = finding;
     other["file"] = "b.ini";
+    Json ofTheFile = finding;
+    ofTheFile["line"] = 0;
     const Json document = {
-        {"command", "check"}, {"exitCode", 0}, {"findings", {finding, other, finding, finding}}};
+        {"command", "check"}, {"exitCode", 0}, {"findings", {finding, other, finding, finding, ofTheFile}}};
     pugi::xml_document xml;
     const std::string text = JunitReport(document, kBegin);
     ASSERT_TRUE(xml.load_buffer(text.data(), text.size())) << text;
@@ -59,9 +61,9 @@ TEST(Report, TellsApartWhatHasOneName) {
         names.push_back(std::string(test.attribute("classname").value()) + ": " +
                         test.attribute("name").value());
     }
-    EXPECT_EQ(names,
-              (std::vector<std::string>{"a.ini: line 2 [too-long]", "b.ini: line 2 [too-long]",
-                                        "a.ini: line 2 [too-long] (2)", "a.ini: line 2 [too-long] (3)"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"a.ini: line 2 [too-long]", "b.ini: line 2 [too-long]",
+                                               "a.ini: line 2 [too-long] (2)", "a.ini: line 2 [too-long] (3)",
+                                               "a.ini: [too-long]"}));
 }
 
 TEST(Report, TellsWhatWasLeftOutAndHowTheTransactionEnded) {

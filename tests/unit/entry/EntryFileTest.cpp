@@ -162,7 +162,7 @@ TEST(FindingLine, NamesPathLineSeverityAndId) {
     EXPECT_EQ(FindingLine("a/b.ini", {7, kError, "hex-digits", "no number"}),
               "a/b.ini:7: error [hex-digits] no number");
     EXPECT_EQ(FindingLine("b.ini", {0, Severity::Warning, "too-wide", "too wide"}),
-              "b.ini:0: warning [too-wide] too wide");
+              "b.ini: warning [too-wide] too wide");
 }
 
 TEST(EntryFile, AHalfCharacterOfUtf16IsNoText) {
