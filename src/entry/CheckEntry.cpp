@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "base/Numbers.h"
-#include "base/RunTimeError.h"
 #include "base/Text.h"
 #include "db/SchemaVersion.h"
 #include "entry/EntryToForm.h"
@@ -160,11 +159,10 @@ class Checker {
                          const std::string& target) {
         if (file == nullptr) return;
         for (const std::string_view key : keys) {
-            try {
-                file->RequireWritable(Text(key));
-            } catch (const RunTimeError& error) {
+            const std::string text = Text(key);
+            if (const auto why = file->WhyUnwritable(text)) {
                 Add(Severity::Error, key, "code-page",
-                    "cannot be written to " + target + ": " + error.Description() +
+                    "cannot be written to " + target + ": " + Quoted(text) + " " + *why +
                         "; write it without, or store that file as UTF-16LE with a mark");
             }
         }

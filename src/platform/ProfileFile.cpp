@@ -34,12 +34,6 @@ std::string RequireUtf16(std::string_view bytes) {
     throw RunTimeError(ErrorNumber::PathFileAccessError, "\"" + shown + "\" " + std::string(why));
 }
 
-void RefuseLineEnds(std::string_view text) {
-    if (text.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
-        Refuse(text, "holds a line end or a NUL");
-    }
-}
-
 void RequireWritableKey(std::string_view key) {
     if (key.find('=') != std::string_view::npos) Refuse(key, "is no key: it holds a \"=\"");
     if (!key.empty() && (key.front() == ';' || key.front() == '['))
@@ -188,13 +182,17 @@ std::string ProfileFile::FittingPart(const std::string& utf8, std::size_t buffer
     return utf8;
 }
 
-void ProfileFile::RequireWritable(std::string_view value) const {
-    RefuseLineEnds(value);
-    if (!Encode(value)) {
-        Refuse(value, "holds a character that " +
-                          (isUtf16_ ? "UTF-16" : "code page " + std::to_string(codePage_.Number())) +
-                          " lacks");
+std::optional<std::string> ProfileFile::WhyUnwritable(std::string_view value) const {
+    if (value.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
+        return "holds a line end or a NUL";
     }
+    if (Encode(value)) return std::nullopt;
+    return "holds a character that " +
+           (isUtf16_ ? "UTF-16" : "code page " + std::to_string(codePage_.Number())) + " lacks";
+}
+
+void ProfileFile::RequireWritable(std::string_view value) const {
+    if (const auto why = WhyUnwritable(value)) Refuse(value, *why);
 }
 
 void ProfileFile::RequireWritableSection(std::string_view section) const {

@@ -44,9 +44,12 @@ class ProfileFile {
     /// @throws RunTimeError 75 as RequireWritableSection, nothing changed then.
     void AddSection(std::string_view section);
 
-    /// Refuses what cannot stand in this file: a character that its code page lacks, a CR, LF or NUL, in a
-    /// section name a "]" and an end that its header would read otherwise. @throws RunTimeError 75 with the
-    /// text in the detail.
+    /// Why a value cannot stand in this file, as a sentence goes on behind it: it "holds a character that
+    /// code page 1252 lacks", or a CR, LF or NUL. Nothing when it can.
+    [[nodiscard]] std::optional<std::string> WhyUnwritable(std::string_view value) const;
+
+    /// Refuses what cannot stand in this file: an unwritable value, in a section name also a "]" and an end
+    /// that its header would read otherwise. @throws RunTimeError 75 with the text in the detail.
     void RequireWritable(std::string_view value) const;
     void RequireWritableSection(std::string_view section) const;
 

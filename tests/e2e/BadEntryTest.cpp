@@ -114,11 +114,10 @@ INSTANTIATE_TEST_SUITE_P(
         BadEntry{
             "ACharacterThatTheFilesLack",
             "[A]\nManID=26\nManName=A\nDevID=7\nDevName=\u03A9\nDLLName=d\nTemplateName=t\n",
-            "entry.ini:5: error [code-page] DevName cannot be written to Pyx.ini: Path/File access error "
+            "entry.ini:5: error [code-page] DevName cannot be written to Pyx.ini: "
             "\"\u03A9\" holds a character that code page 1252 lacks; write it without, or store that file as "
             "UTF-16LE with a mark\n"
-            "entry.ini:5: error [code-page] DevName cannot be written to Ddinstal.ini: Path/File access "
-            "error "
+            "entry.ini:5: error [code-page] DevName cannot be written to Ddinstal.ini: "
             "\"\u03A9\" holds a character that code page 1252 lacks; write it without, or store that file as "
             "UTF-16LE with a mark\n"}),
     RowName());

@@ -244,8 +244,8 @@ TEST(CheckEntry, FindsTextsThatTheFilesOfTheTargetsLack) {
         "[A]\nManID=26\nManName=\u03A9\nDevID=7\nDevName=\u03A9 "
         "1\nDLLName=\u00FC\nTemplateName=\u03A9\nDevHelp=\u03A9\n";
     const auto finding = [](int line, const std::string& key, const std::string& text) {
-        return std::to_string(line) + " error code-page: " + key +
-               " cannot be written to Pyx.ini: Path/File access error \"" + text +
+        return std::to_string(line) + " error code-page: " + key + " cannot be written to Pyx.ini: \"" +
+               text +
                "\" holds a character that code page 1252 lacks; write it without, or store that file as "
                "UTF-16LE "
                "with a mark\n";
