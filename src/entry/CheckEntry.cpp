@@ -10,6 +10,7 @@
 #include "entry/EntryToForm.h"
 #include "entry/FieldLimits.h"
 #include "entry/ResourceNames.h"
+#include "entry/VersionList.h"
 #include "platform/IEvents.h"
 
 namespace ventlock {
@@ -58,7 +59,7 @@ class Checker {
         CheckVersions();
         if (context_.targets.ini) CheckCharacters(context_.ini, kIniTexts, "Pyx.ini");
         if (context_.targets.ddInstall) CheckCharacters(context_.ddInstall, kDDInstallTexts, "Ddinstal.ini");
-        if (context_.hasResource) CheckResources();
+        CheckResources();
         std::stable_sort(findings_.begin(), findings_.end(),
                          [](const Finding& a, const Finding& b) { return a.line < b.line; });
         return std::move(findings_);
@@ -152,6 +153,12 @@ class Checker {
             Add(Severity::Warning, "TAVVersions", "empty-version",
                 Quoted(Text("TAVVersions")) + " holds an empty version between two separators");
         }
+        for (const OfferedVersion& version : form.lstTAVVersionSupport) {
+            if (version.text.empty() || IsVersion(version.text)) continue;
+            Add(Severity::Warning, "TAVVersions", "odd-version",
+                Quoted(version.text) +
+                    " is no version such as 5.0; commas and blanks separate one version from the next");
+        }
     }
 
     template <std::size_t count>
@@ -170,9 +177,15 @@ class Checker {
 
     void CheckResources() {
         for (const ResourceField& field : kResourceFields) {
-            if (Text(field.key).empty()) continue;
-            const std::string name = field.fileName(Text(field.key));
-            if (context_.hasResource(name)) continue;
+            const std::string text = Text(field.key);
+            if (text.empty()) continue;
+            if (text.find_first_of("/\\") != std::string::npos) {
+                Add(Severity::Warning, field.key, "folder-in-name",
+                    Quoted(text) + " names a folder; only the name of a file is expected");
+                continue;  // one slip, one finding: it need not be looked for
+            }
+            const std::string name = field.fileName(text);
+            if (!context_.hasResource || context_.hasResource(name)) continue;
             Add(Severity::Warning, field.key, "missing-file", Quoted(name) + " is not beside the entry file");
         }
     }

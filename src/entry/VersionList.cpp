@@ -26,6 +26,15 @@ std::vector<std::string> ParseVersionList(std::string_view text, IEvents& events
     });
 }
 
+bool IsVersion(std::string_view item) {
+    const auto isNumber = [](std::string_view text) {
+        return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+    };
+    const std::size_t stop = item.find('.');
+    return stop != std::string_view::npos && isNumber(item.substr(0, stop)) &&
+           isNumber(item.substr(stop + 1));
+}
+
 std::string SelectedVersions(const EntryForm& form) {
     std::string joined;
     for (const OfferedVersion& version : form.lstTAVVersionSupport) {

@@ -15,6 +15,9 @@ namespace ventlock {
 std::vector<std::string> ParseVersionList(std::string_view text, IEvents& events,
                                           const AppObjects* oAppObjects = nullptr);
 
+/// True for what a version is written as: digits, a full stop, digits.
+bool IsVersion(std::string_view item);
+
 /// The chosen versions of a form in the order they are offered, "5.0, 6.0"; "" for none.
 std::string SelectedVersions(const EntryForm& form);
 

@@ -26,7 +26,7 @@ const std::set<std::string> kIds{
     "not-text",         "no-section", "duplicate-section", "unknown-key", "duplicate-key", "syntax",
     "hex-digits",       "decimal-id", "required",          "too-long",    "apostrophe",    "question-mark",
     "ambiguous",        "code-page",  "too-large",         "too-wide",    "empty-version", "unknown-protocol",
-    "unknown-category", "not-used",   "missing-file",
+    "unknown-category", "not-used",   "missing-file",      "odd-version", "folder-in-name",
 };
 
 void RequireFindingsInOrder(const std::vector<Finding>& findings, int lineCount) {

@@ -234,6 +234,43 @@ INSTANTIATE_TEST_SUITE_P(
                          "two separators\n"}),
     RowName());
 
+std::string OddFinding(const std::string& item) {
+    return "8 warning odd-version: TAVVersions \"" + item +
+           "\" is no version such as 5.0; commas and blanks separate one version from the next\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Versions, EntryRule,
+    testing::Values(
+        Rule{"OfManyDigits", kAll, kCurrentSchema, kGood + "TAVVersions=5.0, 10.25 007.0\n", ""},
+        Rule{"WithACommaInThem", kAll, kCurrentSchema, kGood + "TAVVersions=5,0\n",
+             OddFinding("5") + OddFinding("0")},
+        Rule{"OddAmongGood", kAll, kCurrentSchema, kGood + "TAVVersions=5.0, v6.0, 7.0\n",
+             OddFinding("v6.0")},
+        Rule{"OfThreeParts", kAll, kCurrentSchema, kGood + "TAVVersions=5.0.1\n", OddFinding("5.0.1")},
+        Rule{"WithoutDigitsInFront", kAll, kCurrentSchema, kGood + "TAVVersions=.5\n", OddFinding(".5")},
+        Rule{"WithoutDigitsBehind", kAll, kCurrentSchema, kGood + "TAVVersions=5.\n", OddFinding("5.")},
+        Rule{"WithAnotherSeparator", kAll, kCurrentSchema, kGood + "TAVVersions=5.0;6.0\n",
+             OddFinding("5.0;6.0")}),
+    RowName());
+
+std::string FolderFinding(const std::string& key, const std::string& text) {
+    return key + " \"" + text + "\" names a folder; only the name of a file is expected\n";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    FolderInName, EntryRule,
+    testing::Values(Rule{"DLLName", kIni, kCurrentSchema, "[A]\nManID=2\nDevID=7\nDevName=F\nDLLName=d/e\n",
+                         "5 warning folder-in-name: " + FolderFinding("DLLName", "d/e")},
+                    Rule{"TemplateName", kAll, kCurrentSchema,
+                         "[A]\nManID=2\nManName=A\nDevID=7\nDevName=F\nDLLName=d\nTemplateName=C:\\t.mrg\n",
+                         "7 warning folder-in-name: " + FolderFinding("TemplateName", "C:\\t.mrg")},
+                    Rule{"HelpFiles", kAll, kCurrentSchema, kGood + "DevHelp=./h.hlp\nBlkHelp=\\b\n",
+                         "8 warning folder-in-name: " + FolderFinding("DevHelp", "./h.hlp") +
+                             "9 warning folder-in-name: " + FolderFinding("BlkHelp", "\\b")},
+                    Rule{"NotOfOtherKeys", kAll, kCurrentSchema, kGood + "ManDesc=a/b\\c\n", ""}),
+    RowName());
+
 TEST(CheckEntry, FindsTextsThatTheFilesOfTheTargetsLack) {
     const ProfileFile ini("", CodePage(1252));
     const ProfileFile ddInstall("\xFF\xFE", CodePage(1252));
@@ -278,6 +315,13 @@ TEST(CheckEntry, LooksForEachResourceFileUnderItsFullName) {
               "6 warning missing-file: DLLName \"Dev.dll\" is not beside the entry file\n"
               "8 warning missing-file: DevHelp \"h.hlp\" is not beside the entry file\n");
     EXPECT_EQ(asked, (std::vector<std::string>{"Dev.dll", "t.mrg", "h.hlp"}));
+}
+
+TEST(CheckEntry, LooksForNoResourceFileInAFolder) {
+    CheckContext context = Context(kAll);
+    context.hasResource = [](const std::string& name) { return name == "Dev.dll" || name == "t.mrg"; };
+    EXPECT_EQ(FindingsOf(kGood + "DevHelp=help/h.hlp\n", context),
+              "8 warning folder-in-name: " + FolderFinding("DevHelp", "help/h.hlp"));
 }
 
 TEST(CheckEntry, SortsItsFindingsByLine) {
