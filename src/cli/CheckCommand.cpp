@@ -1,10 +1,12 @@
 #include "cli/CheckCommand.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/Text.h"
 #include "cli/EntryFiles.h"
 #include "db/SchemaVersion.h"
+#include "entry/SameDevice.h"
 
 namespace ventlock {
 
@@ -14,9 +16,11 @@ ExitCode RunCheck(Services& services, const CheckOptions& options, Console& cons
     std::size_t errors = 0;
     std::size_t warnings = 0;
     auto& list = console.document["findings"] = nlohmann::ordered_json::array();
+    SameDevices sameDevices;
     for (const LoadedEntryFile& file : LoadEntryFiles(services, options.files, console)) {
         std::vector<Finding> findings = file.content.findings;
         for (const FileEntry& entry : file.content.entries) {
+            if (auto same = sameDevices.Take(file.path, entry)) findings.push_back(*std::move(same));
             const auto found =
                 CheckEntry(entry, {.targets = options.targets,
                                    .schemaVersion = options.isOldSchema ? kOldSchema : kCurrentSchema,

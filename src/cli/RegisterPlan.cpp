@@ -9,6 +9,7 @@
 #include "cli/CliError.h"
 #include "db/ReferenceLists.h"
 #include "db/SchemaVersion.h"
+#include "entry/SameDevice.h"
 
 namespace ventlock {
 
@@ -101,8 +102,12 @@ std::vector<FileFindings> RegisterPlan::CheckEntries(std::int16_t schemaVersion)
     if (options_.targets.ddInstall)
         context.ddInstall = &ddInstall.emplace(EncodingOfTarget(services_, options_.ddInstallPath));
     std::vector<FileFindings> findings;
-    for (const PlannedEntry& entry : entries_)
+    SameDevices sameDevices;
+    for (const PlannedEntry& entry : entries_) {
+        if (auto same = sameDevices.Take(entry.path, *entry.source))
+            findings.push_back({entry.path, {*std::move(same)}});
         findings.push_back({entry.path, CheckEntry(*entry.source, context)});
+    }
     return findings;
 }
 

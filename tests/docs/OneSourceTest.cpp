@@ -128,8 +128,8 @@ TEST(EntryFiles, AreDescribedKeyByKey) {
 /// The ids of findings as the rules have them.
 std::vector<std::string> FindingIds() {
     std::vector<std::string> ids;
-    for (const char* const file :
-         {"src/entry/CheckEntry.cpp", "src/entry/EntryFile.cpp", "src/entry/EntryToForm.cpp"}) {
+    for (const char* const file : {"src/entry/CheckEntry.cpp", "src/entry/EntryFile.cpp",
+                                   "src/entry/EntryToForm.cpp", "src/entry/SameDevice.cpp"}) {
         const std::string source = ReadBytes(InSource(file));
         const std::regex id(R"re("([a-z]+(?:-[a-z]+)+)"|(?:Severity::\w+, [\w.]+, |\bError\()"([a-z]+)")re");
         for (std::sregex_iterator at(source.begin(), source.end(), id); at != std::sregex_iterator(); ++at) {

@@ -53,6 +53,25 @@ TEST(Batch, EntriesOfSeveralFilesAreWrittenInTheOrderOfTheCall) {
                                           "HART Protocol Rev=5\n"));
 }
 
+TEST(Batch, TwoEntriesForOneDeviceAreWrittenAndComparedWithAWarning) {
+    const World world;
+    world.Write("one.ini", "[A]\nManID=26\nDevID=7\nDevName=Flow\nDLLName=d\n");
+    world.Write("two.ini", "[B]\nManID=0026\nDevID=07\nDevName=Level\nDLLName=d\n");
+    const std::string warning = "two.ini:1: warning [same-device] the same device as one.ini:1 [A]\n";
+    const std::vector<std::string> call = {"one.ini", "two.ini", "--ini", "--ini-path", "Pyx.ini"};
+    const ProgramResult written = world.Run(With({"register"}, call));
+    EXPECT_EQ(written.exitCode, 0);
+    EXPECT_EQ(written.err, warning);
+    const ProgramResult compared = world.Run(With({"verify"}, call));
+    EXPECT_EQ(compared.exitCode, 1);
+    EXPECT_EQ(compared.err, warning);
+    EXPECT_EQ(compared.out,
+              "[A] one.ini:1: <world>/entry/Pyx.ini: [000026.0007.01]: Description: expected \"Flow\", found "
+              "\"Level\"\n"
+              "[B] two.ini:1: <world>/entry/Pyx.ini: same\n"
+              "1 difference\n");
+}
+
 TEST(Batch, AnEntryWhoseDatabaseHasBecomeUnsupportedMeanwhileIsNotCalledWritten) {
     const World world;
     world.MakeDatabase();

@@ -157,6 +157,21 @@ TEST(Check, CountsInWords) {
               "and A to F only\n"
               "entry.ini:5: warning [missing-file] DLLName \"d.dll\" is not beside the entry file\n"
               "1 error, 1 warning\n");
+TEST(Check, FindsTheSameDeviceInAllFilesOfACall) {
+    const World world;
+    world.Write("a.ini",
+                "[A]\nManID=26\nManName=A\nDevID=0a\n\n[B]\nManID=26\nManName=A\nDevID=A\nDevRev=1\n");
+    world.Write("b.ini",
+                "; another file\n[C]\nManID=000026\nManName=A\nDevID=A\n[D]\nManID=26\nManName=A\nDevID=B\n");
+    const ProgramResult result = world.Run({"check", "a.ini", "b.ini", "--db"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.out,
+              "a.ini:6: warning [same-device] the same device as a.ini:1 [A]\n"
+              "b.ini:2: warning [same-device] the same device as a.ini:1 [A]\n"
+              "0 errors, 2 warnings\n");
+    EXPECT_EQ(world.Run({"check", "a.ini", "b.ini", "--db", "--strict"}).exitCode, 2);
+}
+
 }
 
 TEST(Check, GivesAFindingOfTheWholeFileWithoutALine) {

@@ -5,6 +5,8 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <sstream>
+#include <string>
 #include <thread>
 
 #include "e2e/Refused.h"
@@ -96,7 +98,10 @@ TEST(OneTransaction, GivesTheRowsOfHundredsOfEntriesThatAreWrittenOneByOne) {
     ASSERT_EQ(oneByOne.Run(kOneByOne).exitCode, 0);
     const ProgramResult result = together.Run(kTogether);
     EXPECT_EQ(result.exitCode, 0);
-    EXPECT_EQ(result.err, "");
+    std::istringstream warnings(result.err);  // the devices repeat, which keeps none from being written
+    for (std::string line; std::getline(warnings, line);) {
+        EXPECT_NE(line.find(": warning [same-device] "), std::string::npos) << line;
+    }
     EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 300);
     EXPECT_EQ(result.out.substr(0, result.out.find('\n')), "[E20] entry.ini:1: data source \"PYX\": written");
     EXPECT_EQ(together.AllRows(), oneByOne.AllRows());

@@ -11,6 +11,7 @@
 #include "entry/EntryFile.h"
 #include "entry/EntryToForm.h"
 #include "entry/GatherEntry.h"
+#include "entry/SameDevice.h"
 #include "fuzz/Fields.h"
 #include "fuzz/MemoryFiles.h"
 #include "fuzz/PlainProfile.h"
@@ -26,7 +27,7 @@ const std::set<std::string> kIds{
     "not-text",         "no-section", "duplicate-section", "unknown-key", "duplicate-key", "syntax",
     "hex-digits",       "decimal-id", "required",          "too-long",    "apostrophe",    "question-mark",
     "ambiguous",        "code-page",  "too-large",         "too-wide",    "empty-version", "unknown-protocol",
-    "unknown-category", "not-used",   "missing-file",      "odd-version", "folder-in-name",
+    "unknown-category", "not-used",   "missing-file",      "odd-version", "same-device",   "folder-in-name",
 };
 
 void RequireFindingsInOrder(const std::vector<Finding>& findings, int lineCount) {
@@ -124,8 +125,11 @@ void TryFile(const std::string& bytes) {
 
     const ReferenceLists lists = SomeLists();
     const ProfileFile empty("", CodePage(1252));
+    SameDevices sameDevices;
     for (std::size_t i = 0; i < std::min(file.entries.size(), kMostEntries); ++i) {
         const FileEntry& entry = file.entries[i];
+        if (const auto same = sameDevices.Take("entry.ini", entry))
+            RequireFindingsInOrder({*same}, lineCount);
         for (const std::int16_t schema : {kOldSchema, kCurrentSchema}) {
             const CheckContext context{
                 {true, true, true}, schema, &empty, &empty, [](const std::string&) { return false; }};
