@@ -12,6 +12,7 @@
 #include "cli/Grammar.h"
 #include "cli/Report.h"
 #include "cli/Services.h"
+#include "cli/WrongCall.h"
 
 namespace ventlock {
 namespace {
@@ -57,21 +58,6 @@ ExitCode RunWanted(Grammar& grammar, Host& host, Console& console) {
     return Told(console, [&] { return report->Write(console, code); });
 }
 
-/// Why a call could not be understood: a word that should be a command is named, all else is as the parser
-/// says it.
-std::string WrongCallText(const CLI::App& app, const std::vector<std::string>& arguments,
-                          const CLI::ParseError& error) {
-    const auto first = std::find_if(arguments.begin(), arguments.end(),
-                                    [](const std::string& argument) { return !argument.starts_with('-'); });
-    if (first == arguments.end()) return error.what();
-    std::string names;
-    for (const CLI::App* command : app.get_subcommands(nullptr)) {
-        if (command->get_name() == *first) return error.what();
-        names.append(names.empty() ? "" : ", ").append(command->get_name());
-    }
-    return "\"" + *first + "\" is no command; the commands are " + names;
-}
-
 }  // namespace
 
 ExitCode RunCommandLine(const std::vector<std::string>& arguments, Host& host, std::ostream& out,
@@ -95,8 +81,7 @@ ExitCode RunCommandLine(const std::vector<std::string>& arguments, Host& host, s
         console.Finish(ExitCode::Done);
         return ExitCode::Done;
     } catch (const CLI::ParseError& error) {
-        console.WriteError(CliError(ExitCode::WrongCall, WrongCallText(grammar.App(), arguments, error), {},
-                                    "See \"ventlock-cli --help\"."));
+        console.WriteError(WrongCall(grammar.App(), arguments, error));
         console.Finish(ExitCode::WrongCall);
         return ExitCode::WrongCall;
     }

@@ -4,6 +4,7 @@
 #include <array>
 #include <set>
 
+#include "base/NearWord.h"
 #include "base/RunTimeError.h"
 #include "base/Utf.h"
 #include "platform/Casing.h"
@@ -28,10 +29,16 @@ const EntryKey* FindKey(std::string_view name) {
     return found == kKeys.end() ? nullptr : &*found;
 }
 
-std::string AllKeyNames() {
+/// What a name that is no key may have been meant to be.
+std::string KeyAdvice(std::string_view name) {
+    std::vector<std::string> known;
     std::string names;
-    for (const EntryKey& key : kKeys) names.append(names.empty() ? "" : ", ").append(key.name);
-    return names;
+    for (const EntryKey& key : kKeys) {
+        known.push_back(UpperCase(key.name));
+        names.append(names.empty() ? "" : ", ").append(key.name);
+    }
+    const auto near = NearestWord(UpperCase(name), known);
+    return near ? "did you mean " + std::string(kKeys.at(*near).name) + "?" : "the keys are " + names;
 }
 
 /// The text of the file in UTF-8, or nothing when it is no text. `badLine` is then where it ceases to be.
@@ -93,7 +100,7 @@ class Parser {
         }
         const EntryKey* key = FindKey(name);
         if (key == nullptr) {
-            Error("unknown-key", "\"" + name + "\" is no key of an entry; the keys are " + AllKeyNames());
+            Error("unknown-key", "\"" + name + "\" is no key of an entry; " + KeyAdvice(name));
             return;
         }
         const bool isNew = file_.entries.back()

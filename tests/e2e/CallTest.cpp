@@ -27,9 +27,17 @@ TEST(Call, WithAnUnknownOptionIsRefusedWithCode2) {
     world.Write("entry.ini", kFlowEntry);
     ExpectRefused(world, {"register", "entry.ini", "--everywhere"}, 2,
                   "ventlock-cli: The following argument was not expected: --everywhere\n"
-                  "  See \"ventlock-cli --help\".\n");
+                  "  See \"ventlock-cli register --help\".\n");
     ExpectRefusedAsDocument(world, {"register", "entry.ini", "--everywhere"}, 2,
                             "The following argument was not expected: --everywhere");
+}
+
+TEST(Call, WithAMisspeltOptionIsToldTheOneThatWasMeant) {
+    const World world;
+    world.Write("entry.ini", kFlowEntry);
+    ExpectRefused(world, {"register", "entry.ini", "--all", "--dryrun"}, 2,
+                  "ventlock-cli: The following argument was not expected: --dryrun\n"
+                  "  Did you mean --dry-run? See \"ventlock-cli register --help\".\n");
 }
 
 TEST(Call, WithoutATargetIsRefusedWithCode2) {
@@ -45,14 +53,14 @@ TEST(Call, WithoutAFileIsRefusedWithCode2) {
     const World world;
     ExpectRefused(world, {"register", "--all"}, 2,
                   "ventlock-cli: FILE is required\n"
-                  "  See \"ventlock-cli --help\".\n");
+                  "  See \"ventlock-cli register --help\".\n");
 }
 
 TEST(Call, WithATimeLimitOutOfRangeIsRefusedWithCode2) {
     const World world;
     ExpectRefused(world, {"database", "info", "--timeout", "0"}, 2,
                   "ventlock-cli: --timeout: Value 0 not in range 1 to 3600\n"
-                  "  See \"ventlock-cli --help\".\n");
+                  "  See \"ventlock-cli database info --help\".\n");
 }
 
 TEST(Call, ForHelpOrVersionIsAnsweredOnStdoutAndTouchesNothing) {
@@ -149,14 +157,6 @@ TEST(Check, LooksOnlyAtWhatTheNamedTargetsNeed) {
               "2 errors, 0 warnings\n");
 }
 
-TEST(Check, CountsInWords) {
-    const World world;
-    world.Write("entry.ini", "[A]\nManID=26\nManName=A\nDevID=7G\nDLLName=d\n");
-    EXPECT_EQ(world.Run({"check", "entry.ini", "--db"}).out,
-              "entry.ini:4: error [hex-digits] DevID \"7G\" is no hexadecimal number; use the digits 0 to 9 "
-              "and A to F only\n"
-              "entry.ini:5: warning [missing-file] DLLName \"d.dll\" is not beside the entry file\n"
-              "1 error, 1 warning\n");
 TEST(Check, FindsTheSameDeviceInAllFilesOfACall) {
     const World world;
     world.Write("a.ini",
@@ -172,6 +172,14 @@ TEST(Check, FindsTheSameDeviceInAllFilesOfACall) {
     EXPECT_EQ(world.Run({"check", "a.ini", "b.ini", "--db", "--strict"}).exitCode, 2);
 }
 
+TEST(Check, CountsInWords) {
+    const World world;
+    world.Write("entry.ini", "[A]\nManID=26\nManName=A\nDevID=7G\nDLLName=d\n");
+    EXPECT_EQ(world.Run({"check", "entry.ini", "--db"}).out,
+              "entry.ini:4: error [hex-digits] DevID \"7G\" is no hexadecimal number; use the digits 0 to 9 "
+              "and A to F only\n"
+              "entry.ini:5: warning [missing-file] DLLName \"d.dll\" is not beside the entry file\n"
+              "1 error, 1 warning\n");
 }
 
 TEST(Check, GivesAFindingOfTheWholeFileWithoutALine) {

@@ -217,7 +217,7 @@ TEST(DatabaseList, OfAnUnknownKindIsRefusedWithCode2) {
     ExpectRefused(world, {"database", "list", "colours"}, 2,
                   "ventlock-cli: KIND: colours not in "
                   "{protocols,major-categories,minor-categories,manufacturers,devices}\n"
-                  "  See \"ventlock-cli --help\".\n");
+                  "  See \"ventlock-cli database list --help\".\n");
 }
 
 TEST(DatabaseSources, AreListedWithDriverAndScope) {

@@ -322,7 +322,7 @@ TEST(Export, OfAWrongCallEndsWithCode2) {
           std::vector<std::string>{"--force"}}) {
         ExpectRefused(
             world, With({"export", "--ddinstall", "--ddinstall-path", "d.ini", "--list"}, writing), 2,
-            "ventlock-cli: --list excludes " + writing.front() + "\n  See \"ventlock-cli --help\".\n");
+            "ventlock-cli: --list excludes " + writing.front() + "\n  See \"ventlock-cli export --help\".\n");
     }
 }
 

@@ -86,7 +86,42 @@ TEST(CommandLine, AnErrorOfTheCallItselfIsADocumentTooWhenOneIsAskedFor) {
     EXPECT_EQ(answer.err, "");
     EXPECT_EQ(nlohmann::json::parse(answer.out), nlohmann::json::parse(R"({"version": 1, "exitCode": 2,
                                         "error": {"text": "NAME is required", "details": [],
-                                                  "advice": "See \"ventlock-cli --help\"."}})"));
+                                                  "advice": "See \"ventlock-cli settings get --help\"."}})"));
+}
+
+/// What a call that is not understood is advised to.
+std::string AdviceOn(const std::vector<std::string>& call) {
+    CommandLineHost host;
+    const Answer answer = Call(host, call);
+    EXPECT_EQ(answer.code, ExitCode::WrongCall);
+    EXPECT_EQ(answer.out, "");
+    return answer.err.substr(answer.err.find("\n  ") + 3);
+}
+
+TEST(CommandLine, ACallThatIsNotUnderstoodIsShownToTheHelpOfItsCommand) {
+    EXPECT_EQ(AdviceOn({}), "See \"ventlock-cli --help\".\n");
+    EXPECT_EQ(AdviceOn({"inscribe"}), "See \"ventlock-cli --help\".\n");
+    EXPECT_EQ(AdviceOn({"register"}), "See \"ventlock-cli register --help\".\n");
+    EXPECT_EQ(AdviceOn({"check", "a.ini", "--everywhere"}), "See \"ventlock-cli check --help\".\n");
+    EXPECT_EQ(AdviceOn({"database"}), "See \"ventlock-cli database --help\".\n");
+    EXPECT_EQ(AdviceOn({"database", "create"}), "See \"ventlock-cli database create --help\".\n");
+    EXPECT_EQ(AdviceOn({"--quiet", "settings", "set", "DevRev"}),
+              "See \"ventlock-cli settings set --help\".\n");
+}
+
+TEST(CommandLine, AMisspeltOptionIsAnsweredWithTheOneThatWasMeant) {
+    const std::string see = " See \"ventlock-cli register --help\".\n";
+    for (const char* const option : {"--dryrun", "--dry-rnu", "-dry-run", "--dry_run", "--dry-run-"}) {
+        EXPECT_EQ(AdviceOn({"register", "a.ini", "--all", option}), "Did you mean --dry-run?" + see)
+            << option;
+    }
+    EXPECT_EQ(AdviceOn({"register", "a.ini", "--ini", "--inipath=b"}), "Did you mean --ini-path?" + see);
+    EXPECT_EQ(AdviceOn({"register", "a.ini", "--jsno"}),
+              "Did you mean --json?" + see);  // one of all commands
+    EXPECT_EQ(AdviceOn({"register", "a.ini", "--wrong", "--al"}), "Did you mean --all?" + see);
+    // An option of another command, and one of a letter that is near every short one.
+    EXPECT_EQ(AdviceOn({"register", "a.ini", "--strict"}), see.substr(1));
+    EXPECT_EQ(AdviceOn({"register", "a.ini", "-x"}), see.substr(1));
 }
 
 TEST(CommandLine, StoresASettingInTheRegistry) {

@@ -158,6 +158,21 @@ INSTANTIATE_TEST_SUITE_P(
         BadFile{"Utf16WithoutAMark", Utf16("[A]").substr(2), {NotText(1)}}),
     RowName());
 
+std::string UnknownKeyText(const std::string& key) {
+    const std::vector<Finding> findings = ParseEntryFile("[A]\n" + key + "=1\n").findings;
+    return findings.size() == 1 && findings[0].id == "unknown-key" ? findings[0].text : "";
+}
+
+TEST(EntryFile, AKeyThatIsNearAnotherIsTakenForAMisspeltOne) {
+    for (const char* const key : {"DevNam", "devnmae", "Dev Name", "DEVNAMES", "DefName"}) {
+        EXPECT_EQ(UnknownKeyText(key),
+                  "\"" + std::string(key) + "\" is no key of an entry; did you mean DevName?");
+    }
+    EXPECT_EQ(UnknownKeyText("TAVVersion"),
+              "\"TAVVersion\" is no key of an entry; did you mean TAVVersions?");
+    EXPECT_EQ(UnknownKeyText("Rev"), "\"Rev\" is no key of an entry; the keys are " + kKeyNames);
+}
+
 TEST(FindingLine, NamesPathLineSeverityAndId) {
     EXPECT_EQ(FindingLine("a/b.ini", {7, kError, "hex-digits", "no number"}),
               "a/b.ini:7: error [hex-digits] no number");
