@@ -48,6 +48,15 @@ bool IsTargetPath(const SettingRow& row) {
            (*property == &clsSettings::INIPath || *property == &clsSettings::DDInstallPath);
 }
 
+/// Where to change what the program's own INI file says. One that is yet to be made takes the place of the
+/// one beside the program as a whole.
+std::string OwnIniAdvice(IPaths& paths, IFiles& files) {
+    const std::string changed = OwnIniPathToChange(paths);
+    const std::string read = OwnIniPath(paths, files);
+    if (read == changed || !files.Exists(read)) return "Change it in " + changed + ".";
+    return "Copy " + read + " to " + changed + ", which is then read in its place, and change it there.";
+}
+
 [[noreturn]] void RefuseName(const std::string& name) {
     throw CliError(ExitCode::WrongCall, "there is no setting \"" + name + "\"", {},
                    "List them with \"ventlock-cli settings list\".");
@@ -102,7 +111,7 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
         throw CliError(
             ExitCode::WrongCall,
             std::string(own.name) + " is no setting of this user; it stands in the program's own INI file",
-            {}, "Change it in " + OwnIniPath(services.Machine().Paths(), services.Machine().Files()) + ".");
+            {}, OwnIniAdvice(services.Machine().Paths(), services.Machine().Files()));
     }
     RegistryStatus status = kRegistrySuccess;
     bool isAnywhere = false;

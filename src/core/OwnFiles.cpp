@@ -5,13 +5,24 @@
 
 namespace ventlock {
 
+namespace {
+
+std::string OwnIniName(IPaths& paths) {
+    return paths.ExeName() + ".ini";
+}
+
+}  // namespace
+
 std::string OwnIniPath(IPaths& paths, IFiles& files) {
-    const std::string name = paths.ExeName() + ".ini";
-    if (!paths.ProgramFolderIsWritable()) {
-        std::string users = paths.Join(paths.WindowsDirectory(), name);
-        if (files.Exists(users)) return users;
-    }
-    return paths.Join(paths.ProgramFolder(), name);
+    std::string changed = OwnIniPathToChange(paths);
+    if (paths.ProgramFolderIsWritable() || files.Exists(changed)) return changed;
+    return paths.Join(paths.ProgramFolder(), OwnIniName(paths));
+}
+
+std::string OwnIniPathToChange(IPaths& paths) {
+    const std::string folder =
+        paths.ProgramFolderIsWritable() ? paths.ProgramFolder() : paths.WindowsDirectory();
+    return paths.Join(folder, OwnIniName(paths));
 }
 
 std::string LogPath(IPaths& paths) {

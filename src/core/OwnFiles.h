@@ -12,6 +12,10 @@ namespace ventlock {
 /// be written, a file of that name in the user's configuration folder is taken instead, when there is one.
 std::string OwnIniPath(IPaths& paths, IFiles& files);
 
+/// Path at which a user changes or makes the own INI file: as OwnIniPath, but in the user's configuration
+/// folder whether or not it is there, when the program's folder cannot be written.
+std::string OwnIniPathToChange(IPaths& paths);
+
 /// Path of the error log: "Ventlock.log" beside the program, or in the user's state folder when the program's
 /// folder cannot be written.
 std::string LogPath(IPaths& paths);

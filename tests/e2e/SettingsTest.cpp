@@ -216,6 +216,23 @@ TEST(OwnFiles, TheLogGoesToTheStateFolderWhenTheProgramsFolderCannotBeWritten) {
     EXPECT_EQ(world.RunAsOrdinaryUser({"settings", "get", "DataSourceName"}).out, "PYX\n");
 }
 
+TEST(OwnFiles, TheIniFileToChangeIsTheUsersWhenTheProgramsFolderCannotBeWritten) {
+    World world;
+    const auto advice = [&] {
+        const ProgramResult result = world.RunAsOrdinaryUser({"settings", "set", "DDVersion", "3"});
+        EXPECT_EQ(result.exitCode, 2);
+        return result.err.substr(result.err.find("\n  ") + 3);
+    };
+    EXPECT_EQ(advice(), "Change it in <world>/config/ventlock/ventlock.ini.\n");
+    WriteBytes(world.ProgramFolder() + "/ventlock.ini", "[Files]\r\nCodePage=1250\r\n");
+    EXPECT_EQ(
+        advice(),
+        "Copy <world>/program/ventlock.ini to <world>/config/ventlock/ventlock.ini, which is then read in "
+        "its place, and change it there.\n");
+    WriteBytes(world.ConfigurationFolder() + "/ventlock.ini", "");
+    EXPECT_EQ(advice(), "Change it in <world>/config/ventlock/ventlock.ini.\n");
+}
+
 TEST(OwnFiles, TheUsersIniFileNamesTheCodePageWhenTheProgramsFolderCannotBeWritten) {
     World world;
     WriteBytes(world.ConfigurationFolder() + "/ventlock.ini", "[Files]\r\nCodePage=99999\r\n");

@@ -55,6 +55,16 @@ TEST_F(OwnFilesTest, AFileOfTheUserIsReadInPlaceOfTheProgramsWhenItsFolderCannot
     EXPECT_EQ(OwnIniPath(paths_, files_), OfTheUser("ventlock.ini"));
 }
 
+TEST_F(OwnFilesTest, TheOwnIniFileIsChangedWhereItIsReadAndCanBeWritten) {
+    WriteBytes(OfTheUser("ventlock.ini"), "");
+    EXPECT_EQ(OwnIniPathToChange(paths_), BesideTheProgram("ventlock.ini"));
+    paths_.programFolderIsWritable = false;
+    EXPECT_EQ(OwnIniPathToChange(paths_), OfTheUser("ventlock.ini"));
+    std::filesystem::remove(OfTheUser("ventlock.ini"));
+    WriteBytes(BesideTheProgram("ventlock.ini"), "");
+    EXPECT_EQ(OwnIniPathToChange(paths_), OfTheUser("ventlock.ini")) << "it is yet to be made";
+}
+
 TEST_F(OwnFilesTest, TheLogStandsBesideTheProgramElseInTheStateFolder) {
     EXPECT_EQ(LogPath(paths_), BesideTheProgram("Ventlock.log"));
     paths_.exeName = "ventlock-cli";
