@@ -51,10 +51,10 @@ Services::~Services() {
 
 void Services::LoadDictionary() {
     IPaths& paths = host_.Paths();
-    auto dictionary = std::make_shared<TavDictionary>(*files_);
-    const bool isLoaded = dictionary->Load({paths.Join(paths.ProgramFolder(), "QorStandard.dct"),
-                                            paths.Join(paths.ProgramFolder(), "Ventlock.dct")});
-    UseDictionary(dictionary);
+    dictionary_ = std::make_shared<TavDictionary>(*files_);
+    const bool isLoaded = dictionary_->Load({paths.Join(paths.ProgramFolder(), "QorStandard.dct"),
+                                             paths.Join(paths.ProgramFolder(), "Ventlock.dct")});
+    UseDictionary(dictionary_);
     if (!isLoaded) objects_.Get<clsLog>(kLogKey).Log("Unable to initialize dictionary.");
 }
 

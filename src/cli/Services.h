@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/AppObjects.h"
+#include "core/TavDictionary.h"
 #include "core/clsLog.h"
 #include "core/clsSettings.h"
 #include "db/StatementJournal.h"
@@ -46,6 +47,7 @@ class Services {
     [[nodiscard]] IEvents& Events() noexcept { return events_; }
     [[nodiscard]] StatementJournal& Journal() noexcept { return journal_; }
     [[nodiscard]] CollectedMessages& Messages() noexcept { return messages_; }
+    [[nodiscard]] const TavDictionary& Dictionary() const noexcept { return *dictionary_; }
     [[nodiscard]] clsLog& Log() const { return objects_.Get<clsLog>(kLogKey); }
     [[nodiscard]] clsConnection& SharedConnection() noexcept { return *connection_; }
     [[nodiscard]] IConnection* Connection() const noexcept { return connection_->DB(); }
@@ -77,6 +79,7 @@ class Services {
     AppObjects objects_;
     std::shared_ptr<clsSettings> settings_;
     std::shared_ptr<clsConnection> connection_;
+    std::shared_ptr<TavDictionary> dictionary_;
 };
 
 }  // namespace ventlock

@@ -57,6 +57,13 @@ std::string OwnIniAdvice(IPaths& paths, IFiles& files) {
     return "Copy " + read + " to " + changed + ", which is then read in its place, and change it there.";
 }
 
+void WarnOfLanguage(const TavDictionary& dictionary, const std::string& language, Console& console) {
+    if (language.empty()) return;  // the system's is taken
+    const std::string shown = dictionary.ShownLanguage(language);
+    if (shown.empty() || shown == UpperCase(language)) return;
+    console.WriteWarning("the dictionaries have no language " + language + "; " + shown + " is shown");
+}
+
 [[noreturn]] void RefuseName(const std::string& name) {
     throw CliError(ExitCode::WrongCall, "there is no setting \"" + name + "\"", {},
                    "List them with \"ventlock-cli settings list\".");
@@ -115,7 +122,8 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
     }
     RegistryStatus status = kRegistrySuccess;
     bool isAnywhere = false;
-    if (EqualIgnoringCase(name, "Language")) {
+    const bool isLanguage = EqualIgnoringCase(name, "Language");
+    if (isLanguage) {
         status = settings.StoreLanguage(value);
     } else {
         const SettingRow* row = FindSetting(name);
@@ -136,6 +144,7 @@ ExitCode SetSetting(Services& services, const std::string& name, const std::stri
                        "Check that you may write the settings store.");
     }
     console.WriteNews(name + "=" + value);
+    if (isLanguage) WarnOfLanguage(services.Dictionary(), value, console);
     if (isAnywhere) {
         console.WriteWarning(
             name +

@@ -38,6 +38,7 @@ bool TavDictionary::LoadText(std::string_view text) {
             continue;
         }
         texts_[UpperCase(TrimBlanks(*key))][language] = content.substr(key->size() + 1);
+        languages_.insert(language);
     }
     return understood;
 }
@@ -51,6 +52,13 @@ std::string TavDictionary::Find(const std::string& key, const std::string& langu
         if (text != byLanguage.end()) return text->second;
     }
     return byLanguage.begin()->second;
+}
+
+std::string TavDictionary::ShownLanguage(const std::string& language) const {
+    for (const std::string& wanted : {UpperCase(language), std::string("EN")}) {
+        if (languages_.contains(wanted)) return wanted;
+    }
+    return languages_.empty() ? "" : *languages_.begin();
 }
 
 }  // namespace ventlock

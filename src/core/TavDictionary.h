@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,11 +38,16 @@ class TavDictionary final : public IDictionary {
     std::string Find(const std::string& key, const std::string& language, bool flag) override;
     bool& Option3() override { return option3_; }
 
+    /// The language whose texts are shown to who asks for `language`: that one when there is any text in it,
+    /// else the one it falls back to. "" without any text.
+    [[nodiscard]] std::string ShownLanguage(const std::string& language) const;
+
  private:
     bool LoadText(std::string_view text);
 
     IFiles& files_;
     std::map<std::string, std::map<std::string, std::string>> texts_;  ///< by upper-cased key, then language
+    std::set<std::string> languages_;                                  ///< upper-cased, with a text at least
     bool option3_ = false;
 };
 

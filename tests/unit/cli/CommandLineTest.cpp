@@ -135,6 +135,28 @@ TEST(CommandLine, StoresASettingInTheRegistry) {
                   {1, "Acme"}}));
 }
 
+TEST(CommandLine, ALanguageThatNoDictionaryHasIsStoredWithAWarning) {
+    CommandLineHost host;
+    const auto set = [&](const std::string& language) {
+        const Answer answer = Call(host, {"settings", "set", "language", language});
+        EXPECT_EQ(answer.code, ExitCode::Done);
+        EXPECT_EQ(answer.out, "language=" + language + "\n");
+        EXPECT_EQ(Call(host, {"settings", "get", "Language"}).out,
+                  (language.empty() ? "EN" : language) + "\n");
+        return answer.err;
+    };
+    EXPECT_EQ(set("XX"), "ventlock-cli: the dictionaries have no language XX; EN is shown\n");
+    for (const char* const language : {"DE", "en", ""}) EXPECT_EQ(set(language), "") << language;
+    const Answer document = Call(host, {"settings", "set", "Language", "XX", "--json"});
+    EXPECT_EQ(nlohmann::json::parse(document.out)["warnings"],
+              nlohmann::json::array({"the dictionaries have no language XX; EN is shown"}));
+    // Without dictionaries no language is shown.
+    for (const char* const name : {"QorStandard.dct", "Ventlock.dct"}) WriteBytes(host.folder / name, "");
+    EXPECT_EQ(set("XX"), "");
+    WriteBytes(host.folder / "Ventlock.dct", "[fr]\nA=b\n");
+    EXPECT_EQ(set("XX"), "ventlock-cli: the dictionaries have no language XX; FR is shown\n");
+}
+
 TEST(CommandLine, ARegistryThatRefusesIsToldWithItsStatus) {
     CommandLineHost host;
     host.registry.RefuseWrites(kRegistryAccessDenied);

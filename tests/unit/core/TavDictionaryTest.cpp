@@ -107,6 +107,16 @@ TEST_F(DictionaryFiles, AMissingLanguageFallsBackToEnglishThenToAnyThenToTheKey)
     EXPECT_EQ(Find("IDS_C", "FR"), "IDS_C");
 }
 
+TEST_F(DictionaryFiles, TellWhichLanguageIsShown) {
+    EXPECT_EQ(dictionary_.ShownLanguage("EN"), "");
+    dictionary_.Load({File("a.dct", "[fr]\nIDS_A=a\n[IT]\n[DE]\nIDS_B=b\n")});
+    EXPECT_EQ(dictionary_.ShownLanguage("Fr"), "FR");
+    EXPECT_EQ(dictionary_.ShownLanguage("DE"), "DE");
+    EXPECT_EQ(dictionary_.ShownLanguage("IT"), "DE") << "there is no text in it";
+    dictionary_.Load({File("b.dct", "[EN]\nIDS_A=a\n")});
+    EXPECT_EQ(dictionary_.ShownLanguage("IT"), "EN");
+}
+
 TEST_F(DictionaryFiles, TheFlagChangesNoText) {
     dictionary_.Load({File("a.dct", "[EN]\nIDS_A=a\n")});
     EXPECT_EQ(dictionary_.Find("IDS_A", "EN", false), "a");
