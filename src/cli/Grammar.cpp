@@ -11,6 +11,7 @@
 #include "cli/RegisterCommand.h"
 #include "cli/SettingsCommands.h"
 #include "cli/VerifyCommand.h"
+#include "core/VersionLine.h"
 
 namespace ventlock {
 namespace {
@@ -85,7 +86,8 @@ Grammar::Grammar(Host& host) : host_(host), app_(kDescription, "ventlock-cli") {
     app_.require_subcommand(1);
     app_.fallthrough();
     app_.footer(Footer());
-    app_.set_version_flag("--version", Version(), "Print the version and end");
+    app_.set_version_flag("--version", VersionLine("ventlock-cli", host.AppInfo()),
+                          "Print the version and end");
     app_.add_flag("--json", given_.isJson, "Answer with one JSON document on stdout");
     app_.add_flag("--quiet,-q", given_.isQuiet, "Print errors and asked-for data only");
     CLI::Option* timeLimit = app_.add_option(
@@ -110,12 +112,6 @@ void Grammar::Parse(const std::vector<std::string>& arguments) {
 StatementMode Grammar::Mode() const {
     if (name_ == "verify" || name_ == "export") return StatementMode::Note;
     return given_.isDryRun ? StatementMode::DryRun : StatementMode::Run;
-}
-
-std::string Grammar::Version() {
-    IAppInfo& info = host_.AppInfo();
-    return "ventlock-cli " + std::to_string(info.Major()) + "." + std::to_string(info.Minor()) + "." +
-           std::to_string(info.Revision()) + " (" + std::to_string(sizeof(void*) * 8) + " bit)";
 }
 
 void Grammar::Set(CLI::App* command, const std::string& name, Command action) {

@@ -75,7 +75,6 @@ class Grammar {
     [[nodiscard]] CommandDescription Describe() const { return Describe(app_); }
 
  private:
-    std::string Version();
     void Set(CLI::App* command, const std::string& name, Command action);
 
     /// Tells what the value of an option or argument is called and taken from.

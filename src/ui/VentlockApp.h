@@ -4,6 +4,8 @@
 #include <wx/timer.h>
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "platform/Host.h"
 #include "platform/ProfileEdit.h"
@@ -26,9 +28,16 @@ class VentlockApp final : public wxApp {
 
     bool OnInit() override;
     int OnRun() override;
+    void OnInitCmdLine(wxCmdLineParser& parser) override;
+    bool OnCmdLineHelp(wxCmdLineParser& parser) override;
+    bool OnCmdLineParsed(wxCmdLineParser& parser) override;
+    bool OnCmdLineError(wxCmdLineParser& parser) override;
     bool OnExceptionInMainLoop() override;
 
  private:
+    /// Tells what the call asked for instead of the window, and notes how the program is to end.
+    void Answer(const std::string& text);
+
     /// Makes the main window, loads it and shows it.
     void Main();
 
@@ -36,6 +45,7 @@ class VentlockApp final : public wxApp {
     void Poll();
 
     std::unique_ptr<Host> host_;
+    std::optional<int> exitCode_;  ///< once the program is to end without a window
     WindowEvents events_;
     WxClipboard clipboard_;
     WxFileDialog fileDialog_;
