@@ -37,7 +37,7 @@ MainMenu::MainMenu()
       mnuOpenEntry(Add(*mnuTools, "&Open Entry...\tCtrl+O")),
       mnuSaveEntry(Add(*mnuTools, "&Save Entry As...\tCtrl+S")),
       mnuToolsSep1(mnuTools->AppendSeparator()),
-      mnuPreview(Add(*mnuTools, "&Preview...")),
+      mnuPreview(Add(*mnuTools, "&Preview...\tCtrl+P")),
       mnuLog(Add(*mnuTools, "&Log Entries")) {
     bar->Append(mnuFile, "&File");
     bar->Append(mnuEdit, "&Edit");

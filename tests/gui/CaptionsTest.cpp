@@ -149,7 +149,7 @@ TEST(Captions, OfTheMenuToolsFollowTheLanguageAndKeepTheirShortcuts) {
     EXPECT_EQ(menu.bar->GetMenuLabel(3), "E&xtras");
     EXPECT_EQ(FromWx(menu.mnuOpenEntry->GetItemLabel()), "Eintrag \u00F6&ffnen...\tCtrl+O");
     EXPECT_EQ(FromWx(menu.mnuSaveEntry->GetItemLabel()), "Eintrag &speichern unter...\tCtrl+S");
-    EXPECT_EQ(FromWx(menu.mnuPreview->GetItemLabel()), "&Vorschau...");
+    EXPECT_EQ(FromWx(menu.mnuPreview->GetItemLabel()), "&Vorschau...\tCtrl+P");
 }
 
 /// The captions of a window and all that stands in it.

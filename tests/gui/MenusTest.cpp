@@ -79,7 +79,7 @@ TEST_F(Menus, OfferEntryFilesThePreviewAndTheLogUnderTools) {
     ExpectItems(*menu_.mnuTools, {{menu_.mnuOpenEntry, "&Open Entry...\tCtrl+O"},
                                   {menu_.mnuSaveEntry, "&Save Entry As...\tCtrl+S"},
                                   {menu_.mnuToolsSep1, "-"},
-                                  {menu_.mnuPreview, "&Preview..."},
+                                  {menu_.mnuPreview, "&Preview...\tCtrl+P"},
                                   {menu_.mnuLog, "&Log Entries"}});
 }
 
