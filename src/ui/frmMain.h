@@ -189,6 +189,9 @@ class frmMain final : public wxFrame {
     void ShowConnection();
     void ShowBusy();
 
+    /// Shows there which entry of which file was opened, until the connection changes.
+    void ShowOpenedFile(const std::string& path, const FileEntry& entry);
+
     /// Runs a command unless another one is running; an error is logged under the tag.
     void RunCommand(std::string_view tag, const std::function<void(StepLabel&)>& body);
     void RunCommand(const std::function<void()>& body);

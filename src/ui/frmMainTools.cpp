@@ -11,6 +11,7 @@
 #include "entry/FileFilters.h"
 #include "entry/FormToEntry.h"
 #include "entry/OpenEntry.h"
+#include "ui/WxText.h"
 #include "ui/frmChoose.h"
 #include "ui/frmMain.h"
 
@@ -82,6 +83,7 @@ void frmMain::OpenEntryFile(const std::string& path, StepLabel& step) {
     step = "03";
     ShowOpened(*entry, opened.form);
     entryPath_ = path;
+    ShowOpenedFile(path, *entry);
     if (!opened.findings.empty()) TellFindings("IDS_MSG_ENTRY_NOTED", path, opened.findings);
 }
 
@@ -135,6 +137,12 @@ void frmMain::ShowRestOfOpened() {
     ShowCurrentSchemaPart(opened.form);
     opened_.reset();
     if (!opened.findings.empty()) TellFindings("IDS_MSG_ENTRY_NOTED", entryPath_, opened.findings);
+}
+
+void frmMain::ShowOpenedFile(const std::string& path, const FileEntry& entry) {
+    const std::string file = path.substr(path.find_last_of("/\\") + 1);
+    const std::string opened = ShownWord(file) + " [" + ShownWord(entry.name) + "]";
+    controls_.lblStatus->SetLabelText(ToWx(FillParam(GetString("IDS_STA_OPENED"), opened)));
 }
 
 ReferenceLists frmMain::ShownLists() const {

@@ -1,9 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "core/clsSettings.h"
 #include "gui/Commands.h"
 #include "gui/GuiWorld.h"
 #include "gui/Input.h"
+#include "gui/SwitchTo.h"
 #include "gui/WhileModal.h"
 #include "support/LogEntry.h"
 #include "ui/WxText.h"
@@ -79,6 +81,26 @@ TEST_F(OpenEntry, ShowsEveryFieldOfTheFileAndLeavesTheTargetsAlone) {
                                      testing::StartsWith("1 "), "5.0 selected", "6.0", "7.0 selected"));
     EXPECT_THAT(world_.messages.Texts(), IsEmpty());
     EXPECT_THAT(UsableWrites(window), testing::SizeIs(6));
+}
+
+TEST_F(OpenEntry, IsToldInTheStatusTextUntilTheConnectionChanges) {
+    frmMain& window = world_.Start();
+    const auto status = [&] { return FromWx(window.Controls().lblStatus->GetLabelText()); };
+    const std::string connected = status();
+    Open(kLevel);
+    EXPECT_EQ(status(), "Opened level.ini [Level]");
+    Refused("[Other]\nManID=2G\n");
+    EXPECT_EQ(status(), "Opened level.ini [Level]");
+    SwitchTo(window, world_.Database().Dsn());
+    EXPECT_EQ(status(), connected);
+}
+
+TEST_F(OpenEntry, IsToldInGermanToo) {
+    world_.host.registry.PutText(RegistryRoot::LocalMachine, std::string(kSettingsRoot) + "Settings",
+                                 "Language", "DE");
+    frmMain& window = world_.Start();
+    Open("[A & B? \x1B]\nManID=11\n");
+    EXPECT_EQ(FromWx(window.Controls().lblStatus->GetLabelText()), "level.ini [A & B? \\x1B] ge\u00F6ffnet");
 }
 
 TEST_F(OpenEntry, AsksForAnExistingFileAndBeginsAtTheLastOne) {
