@@ -6,6 +6,7 @@
 #include <wx/translation.h>
 
 #include "core/modLocalization.h"
+#include "ui/HelpKeys.h"
 #include "ui/WxText.h"
 
 namespace ventlock {
@@ -24,6 +25,15 @@ void TranslateToolkit(const std::string& language) {
     wxTranslations::Set(translations.release());
 }
 
+class HelpController final : public wxHtmlHelpController {
+ protected:
+    wxHtmlHelpFrame* CreateHelpFrame(wxHtmlHelpData* data) override {
+        wxHtmlHelpFrame* const frame = wxHtmlHelpController::CreateHelpFrame(data);
+        AddHelpKeys(*frame);
+        return frame;
+    }
+};
+
 }  // namespace
 
 bool WxHelp::Show(const std::string& file, int command) {
@@ -31,12 +41,16 @@ bool WxHelp::Show(const std::string& file, int command) {
     if (!controller_) {
         const wxLogNull silent;  // the caller logs
         TranslateToolkit(BookLanguage());
-        auto controller = std::make_unique<wxHtmlHelpController>();
+        auto controller = std::make_unique<HelpController>();
         const wxString book = wxFileSystem::FileNameToURL(wxFileName(ToWx(file)));
         if (!controller->AddBook(book + "#zip:" + ToWx(BookLanguage()) + "/ventlock.hhp")) return false;
         controller_ = std::move(controller);
     }
-    return controller_->DisplayContents();
+    if (!controller_->DisplayContents()) return false;
+    wxHtmlHelpFrame& frame = *controller_->GetFrame();
+    if (frame.IsIconized()) frame.Iconize(false);
+    FocusHelpPage(frame);
+    return true;
 }
 
 }  // namespace ventlock

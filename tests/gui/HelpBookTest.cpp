@@ -1,71 +1,16 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <wx/filesys.h>
-#include <wx/fs_arc.h>
-#include <wx/html/helpfrm.h>
-#include <wx/html/htmlwin.h>
-#include <wx/log.h>
 
 #include <filesystem>
 
 #include "core/modLocalization.h"
+#include "gui/HelpBook.h"
 #include "gui/Input.h"
 #include "support/RowName.h"
 #include "support/TempFolder.h"
 #include "ui/WxHelp.h"
-#include "ui/WxText.h"
 
 namespace ventlock::test {
 namespace {
-
-using ::testing::IsEmpty;
-
-/// Keeps what the toolkit would tell the user in a box of its own.
-class ToolkitMessages final : public wxLog {
- public:
-    ToolkitMessages() : previous_(wxLog::SetActiveTarget(this)) {}
-    ~ToolkitMessages() override { wxLog::SetActiveTarget(previous_); }
-    std::vector<std::string> texts;
-
- private:
-    void DoLogRecord(wxLogLevel /*level*/, const wxString& text, const wxLogRecordInfo& /*info*/) override {
-        texts.push_back(FromWx(text));
-    }
-
-    wxLog* previous_;
-};
-
-wxHtmlHelpFrame* HelpWindow() {
-    for (wxWindow* window : wxTopLevelWindows)
-        if (auto* frame = dynamic_cast<wxHtmlHelpFrame*>(window)) return frame;
-    return nullptr;
-}
-
-/// The title of the page that is shown somewhere in a window.
-std::string OpenedPage(const wxWindow& window) {
-    for (wxWindow* child : window.GetChildren()) {
-        const auto* page = dynamic_cast<wxHtmlWindow*>(child);
-        const std::string title = page != nullptr ? FromWx(page->GetOpenedPageTitle()) : OpenedPage(*child);
-        if (!title.empty()) return title;
-    }
-    return {};
-}
-
-class HelpBook : public testing::Test {
- protected:
-    static void SetUpTestSuite() {
-        static const bool isAdded = (wxFileSystem::AddHandler(new wxArchiveFSHandler), true);
-        ASSERT_TRUE(isAdded);
-    }
-    void TearDown() override {
-        gsLanguage.clear();
-        EXPECT_THAT(toolkit_.texts, IsEmpty());
-        WaitUntil("the help window to be gone", [] { return HelpWindow() == nullptr; });
-    }
-
-    ToolkitMessages toolkit_;
-    TempFolder folder_;
-};
 
 struct Language {
     const char* name;
@@ -102,6 +47,19 @@ TEST_F(HelpBook, OpensAgainAfterItsWindowWasClosed) {
     EXPECT_TRUE(help.Show(VENTLOCK_HELP_BOOK, kHelpContents));
     ASSERT_NE(HelpWindow(), nullptr);
     EXPECT_EQ(OpenedPage(*HelpWindow()), "Welcome to Ventlock");
+}
+
+TEST_F(HelpBook, ComesToTheFrontWhenItIsOpenedAgain) {
+    WxHelp help;
+    ASSERT_TRUE(help.Show(VENTLOCK_HELP_BOOK, kHelpContents));
+    wxHtmlHelpFrame* const first = HelpWindow();
+    WaitUntil("the help window in front", [&] { return first->IsActive(); });
+    wxFrame other(nullptr, wxID_ANY, "another window");
+    other.Show();
+    WaitUntil("the other window in front", [&] { return other.IsActive(); });
+    ASSERT_TRUE(help.Show(VENTLOCK_HELP_BOOK, kHelpContents));
+    EXPECT_EQ(HelpWindow(), first);
+    WaitUntil("the help window in front again", [&] { return first->IsActive(); });
 }
 
 TEST_F(HelpBook, OpensInAFolderOfAnyName) {
