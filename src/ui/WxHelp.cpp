@@ -6,6 +6,7 @@
 #include <wx/translation.h>
 
 #include "core/modLocalization.h"
+#include "platform/Casing.h"
 #include "ui/HelpKeys.h"
 #include "ui/WxText.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 /// The folder of the book and the toolkit's own words go by small letters.
 std::string BookLanguage() {
-    return gsLanguage == "DE" ? "de" : "en";
+    return EqualIgnoringCase(gsLanguage, "DE") ? "de" : "en";
 }
 
 /// The help window's own words; they stay English where the toolkit's translations are not installed.

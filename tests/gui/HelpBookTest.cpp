@@ -36,6 +36,7 @@ TEST_P(HelpBookIn, OpensItsFirstPage) {
 INSTANTIATE_TEST_SUITE_P(Languages, HelpBookIn,
                          testing::Values(Language{"English", "EN", "Welcome to Ventlock"},
                                          Language{"German", "DE", "Willkommen bei Ventlock"},
+                                         Language{"InSmallLetters", "de", "Willkommen bei Ventlock"},
                                          Language{"AnyOther", "FR", "Welcome to Ventlock"}),
                          RowName());
 

@@ -185,8 +185,8 @@ TEST(Dictionaries, GiveEachItemOfAMenuAnAccessKeyOfItsOwn) {
 }
 
 TEST(Dictionaries, HaveAPlaceWhereTheProgramPutsANameAndNowhereElse) {
-    const Keys withPlace = {"IDS_STA_CONNECTED", "IDS_STA_NOT_CONNECTED", "IDS_MSG_ENTRY_MORE",
-                            "IDS_MSG_ENTRY_NO_REPLACE", "IDS_PRV_EMPTY"};
+    const Keys withPlace = {"IDS_STA_CONNECTED",        "IDS_STA_NOT_CONNECTED", "IDS_MSG_ENTRY_MORE",
+                            "IDS_MSG_ENTRY_NO_REPLACE", "IDS_PRV_EMPTY",         "IDS_STA_OPENED"};
     for (const TextLine& line : TextLines()) {
         EXPECT_EQ(std::count(line.text.begin(), line.text.end(), '?'), withPlace.contains(line.key) ? 1 : 0)
             << line.text;
