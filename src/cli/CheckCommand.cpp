@@ -5,6 +5,7 @@
 
 #include "base/Text.h"
 #include "cli/EntryFiles.h"
+#include "cli/ReportCases.h"
 #include "db/SchemaVersion.h"
 #include "entry/SameDevice.h"
 
@@ -15,9 +16,12 @@ ExitCode RunCheck(Services& services, const CheckOptions& options, Console& cons
     const ProfileFile ddInstall = EncodingOfTarget(services, options.ddInstallPath);
     std::size_t errors = 0;
     std::size_t warnings = 0;
-    auto& list = console.document["findings"] = nlohmann::ordered_json::array();
+    auto list = nlohmann::ordered_json::array();
+    auto checked = nlohmann::ordered_json::array();
     SameDevices sameDevices;
-    for (const LoadedEntryFile& file : LoadEntryFiles(services, options.files, console)) {
+    const std::vector<LoadedEntryFile> files = LoadEntryFiles(services, options.files, console);
+    warnings += LeftOut(console.document).size();
+    for (const LoadedEntryFile& file : files) {
         std::vector<Finding> findings = file.content.findings;
         for (const FileEntry& entry : file.content.entries) {
             if (auto same = sameDevices.Take(file.path, entry)) findings.push_back(*std::move(same));
@@ -36,7 +40,11 @@ ExitCode RunCheck(Services& services, const CheckOptions& options, Console& cons
             list.push_back(Console::FindingJson(file.path, finding));
             ++(finding.severity == Severity::Error ? errors : warnings);
         }
+        checked.push_back({{"file", file.path}, {"entries", file.content.entries.size()}});
     }
+    console.document["strict"] = options.isStrict;
+    console.document["findings"] = std::move(list);
+    console.document["files"] = std::move(checked);
     const bool isWrong = errors != 0 || (options.isStrict && warnings != 0);
     console.WriteNews(Counted(errors, "error") + ", " + Counted(warnings, "warning"));
     return isWrong ? ExitCode::WrongCall : ExitCode::Done;

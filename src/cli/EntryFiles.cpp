@@ -8,6 +8,7 @@
 #include "base/Utf.h"
 #include "cli/Advice.h"
 #include "cli/CliError.h"
+#include "cli/ReportCases.h"
 #include "platform/Casing.h"
 
 namespace ventlock {
@@ -17,7 +18,9 @@ namespace {
 bool IsEntryFileName(std::string_view name) {
     constexpr std::string_view kEnding = ".ini";
     if (name.starts_with('.') || name.size() < kEnding.size()) return false;
-    if (EqualIgnoringCase(name, "Pyx.ini") || EqualIgnoringCase(name, "Ddinstal.ini")) return false;
+    for (const char* const other : {"Pyx.ini", "Ddinstal.ini", "desktop.ini"}) {
+        if (EqualIgnoringCase(name, other)) return false;
+    }
     return EqualIgnoringCase(name.substr(name.size() - kEnding.size()), kEnding);
 }
 
@@ -77,7 +80,7 @@ class Loader {
     void LeaveOut(const std::string& path) {
         console_.document["leftOut"].push_back(path);
         if (console_.isJson || console_.isQuiet) return;
-        console_.WriteProblem(path + ": left out: it holds no key of an entry");
+        console_.WriteProblem(path + ": left out: " + kNoEntryKey);
     }
 
     Services& services_;

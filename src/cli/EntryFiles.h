@@ -24,8 +24,8 @@ struct FileFindings {
 };
 
 /// Reads all entry files, in the order of `paths`. A folder stands for its entry files, sorted by the bytes
-/// of their names: those named *.ini, but for hidden files, "Pyx.ini" and "Ddinstal.ini". One that is another
-/// program's by its content is left out, which the console tells.
+/// of their names: those named *.ini, but for hidden files, "Pyx.ini", "Ddinstal.ini" and "desktop.ini". One
+/// that is another program's by its content is left out, which the console tells.
 /// @throws CliError 2 for what cannot be read and for a folder without entry files.
 std::vector<LoadedEntryFile> LoadEntryFiles(Services& services, const std::vector<std::string>& paths,
                                             Console& console);

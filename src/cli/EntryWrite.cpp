@@ -124,6 +124,7 @@ TargetResult EntryWrite::WriteFile(const std::string& path, Json& json, Work&& w
     if (target && result.isWritten) {
         const std::string diff = target->Text();
         json["diff"] = diff;
+        result.staysAsItIs = diff.empty();
         if (!diff.empty()) run_.console.WriteLine(diff.substr(0, diff.size() - 1));
     }
     return result;
@@ -137,7 +138,10 @@ void EntryWrite::Tell(const std::string& place, const TargetResult& result) {
                                     result.advice));
         return;
     }
-    console.WriteNews(title_ + ": " + place + (run_.options.isDryRun ? ": would be written" : ": written"));
+    const char* const end = !run_.options.isDryRun ? ": written"
+                            : result.staysAsItIs   ? ": would stay as it is"
+                                                   : ": would be written";
+    console.WriteNews(title_ + ": " + place + end);
     if (console.isJson) return;
     const std::string where = "ventlock-cli: " + title_ + ": " + place + ": ";
     for (const std::string& message : result.messages) console.WriteProblem(where + message);

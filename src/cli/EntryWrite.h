@@ -25,6 +25,7 @@ struct RegisterRun {
 /// How one target of one entry came out.
 struct TargetResult {
     bool isWritten = false;
+    bool staysAsItIs = false;           ///< of a file in a dry run, which has what would be written
     std::vector<std::string> messages;  ///< what was logged on the way, driver records last
     std::string advice;
 };

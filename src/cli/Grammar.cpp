@@ -261,7 +261,9 @@ void Grammar::AddCheck() {
     CLI::App* command = app_.add_subcommand("check", "Check entry files by every rule");
     AddTargets(command, "Check for");
     AddSchema(command, "Schema of the database the entries go to");
-    command->add_flag("--strict", given_.isStrict, "Warnings count as errors");
+    command->add_flag("--strict", given_.isStrict,
+                      "Warnings count as errors, and so does a file of a folder that is left out");
+    AddReport(command);
     Set(command, "check", [this](Services& services, Console& console) {
         Targets targets{given_.toDatabase, given_.toIni, given_.toDDInstall};
         if (!targets.Any()) targets = {true, true, true};

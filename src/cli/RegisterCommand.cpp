@@ -1,8 +1,12 @@
 #include "cli/RegisterCommand.h"
 
+#include <algorithm>
+#include <string>
+
 #include "cli/EntryWrite.h"
 #include "cli/OneTransaction.h"
 #include "cli/RegisterPlan.h"
+#include "cli/ReportCases.h"
 #include "cli/Restarts.h"
 
 namespace ventlock {
@@ -36,6 +40,32 @@ bool Write(RegisterRun& run, const PlannedEntry& planned) {
     return isWritten;
 }
 
+ExitCode WriteOneByOne(RegisterRun& run) {
+    bool isAllWritten = true;
+    std::size_t done = 0;
+    for (const PlannedEntry& entry : run.plan.Entries()) {
+        run.console.ShowProgress(done++, run.plan.Entries().size());
+        isAllWritten = Write(run, entry) && isAllWritten;
+    }
+    return isAllWritten ? ExitCode::Done : ExitCode::TargetFailed;
+}
+
+/// Tells, of several entries, how many are in all their targets now; nothing when nobody knows.
+void TellSum(Console& console, bool isDryRun) {
+    const nlohmann::ordered_json& entries = console.document.at("entries");
+    if (entries.size() < 2 || TransactionStatus(console.document) == "unknown") return;
+    const std::string wanted = isDryRun ? "planned" : "written";
+    const auto isWhole = [&](const nlohmann::ordered_json& entry) {
+        const auto& targets = entry.at("targets");
+        return std::all_of(targets.begin(), targets.end(), [&](const nlohmann::ordered_json& target) {
+            return target.at("status") == wanted;
+        });
+    };
+    const auto count = std::count_if(entries.begin(), entries.end(), isWhole);
+    console.WriteNews(std::to_string(count) + " of " + std::to_string(entries.size()) + " entries" +
+                      (isDryRun ? " would be written" : " written"));
+}
+
 }  // namespace
 
 ExitCode RunRegister(Services& services, const RegisterOptions& options, Console& console) {
@@ -44,14 +74,9 @@ ExitCode RunRegister(Services& services, const RegisterOptions& options, Console
     plan.Prepare();
     console.document["entries"] = nlohmann::ordered_json::array();
     RegisterRun run{services, options, plan, console};
-    if (options.isOneTransaction) return RegisterInOneTransaction(run);
-    bool isAllWritten = true;
-    std::size_t done = 0;
-    for (const PlannedEntry& entry : plan.Entries()) {
-        console.ShowProgress(done++, plan.Entries().size());
-        isAllWritten = Write(run, entry) && isAllWritten;
-    }
-    return isAllWritten ? ExitCode::Done : ExitCode::TargetFailed;
+    const ExitCode code = options.isOneTransaction ? RegisterInOneTransaction(run) : WriteOneByOne(run);
+    TellSum(console, options.isDryRun);
+    return code;
 }
 
 }  // namespace ventlock

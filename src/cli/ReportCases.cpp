@@ -54,16 +54,35 @@ void AddEntry(const Json& entry, std::vector<ReportCase>& cases) {
     }
 }
 
-void AddFinding(const Json& finding, std::vector<ReportCase>& cases) {
+void AddFinding(const Json& finding, bool isStrict, std::vector<ReportCase>& cases) {
     const std::string severity = TextAt(finding, "severity");
     const int line = finding.value("line", 0);
     cases.push_back(
         {TextAt(finding, "file"),
          line,
          (line == 0 ? "" : "line " + std::to_string(line) + " ") + "[" + TextAt(finding, "id") + "]",
-         severity == "error" ? Outcome::Failed : Outcome::Passed,
+         severity == "error" || isStrict ? Outcome::Failed : Outcome::Passed,
          severity,
          {TextAt(finding, "text")}});
+}
+
+/// What a check found. A file that nothing speaks against is a result, too, or a good run would have none.
+void AddCheck(const Json& document, std::vector<ReportCase>& cases) {
+    const bool isStrict = document.value("strict", false);
+    for (const Json& finding : ListAt(document, "findings")) AddFinding(finding, isStrict, cases);
+    if (isStrict) {
+        for (const std::string& path : LeftOut(document)) {
+            cases.push_back({path, 0, "left out", Outcome::Failed, "left out", {kNoEntryKey}});
+        }
+    }
+    const std::vector<ReportCase> found = cases;
+    for (const Json& file : ListAt(document, "files")) {
+        const std::string path = TextAt(file, "file");
+        const bool isWrong = std::any_of(found.begin(), found.end(), [&](const ReportCase& result) {
+            return result.file == path && result.outcome == Outcome::Failed;
+        });
+        if (!isWrong) cases.push_back({path, 0, "check", Outcome::Passed, "passed", {}});
+    }
 }
 
 /// What ended the run, or what no entry's own failure accounts for: the commit of all, for one.
@@ -115,7 +134,7 @@ std::string TimeText(const LocalTime& time, char between) {
 
 std::vector<ReportCase> ReportCases(const Json& document) {
     std::vector<ReportCase> cases;
-    for (const Json& finding : ListAt(document, "findings")) AddFinding(finding, cases);
+    AddCheck(document, cases);
     for (const Json& entry : ListAt(document, "entries")) AddEntry(entry, cases);
     AddError(document, cases);
     TellApart(cases);

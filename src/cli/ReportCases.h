@@ -25,6 +25,9 @@ struct ReportCase {
 /// The name of a target by its key in a document: "Pyx.ini" for "ini".
 std::string_view TargetName(std::string_view key);
 
+/// What is said about a file of a folder that is not taken for an entry file.
+inline constexpr const char* kNoEntryKey = "it holds no key of an entry";
+
 /// The files of a folder that the run did not take for entry files.
 std::vector<std::string> LeftOut(const nlohmann::ordered_json& document);
 

@@ -33,7 +33,8 @@ TEST(Batch, EntriesOfSeveralFilesAreWrittenInTheOrderOfTheCall) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out,
               "[A] two.ini:1: <world>/entry/Pyx.ini: written\n"
-              "[A] one.ini:1: <world>/entry/Pyx.ini: written\n");
+              "[A] one.ini:1: <world>/entry/Pyx.ini: written\n"
+              "2 of 2 entries written\n");
     EXPECT_EQ(world.Read("Pyx.ini"), CrLf("[Devices]\n"
                                           "000027.0008.01=000027/0008\n"
                                           "000026.0007.01=000026/0007\n"
@@ -81,7 +82,7 @@ TEST(Batch, AnEntryWhoseDatabaseHasBecomeUnsupportedMeanwhileIsNotCalledWritten)
     const ProgramResult result = world.Run({"register", "entry.ini", "--db"});
 
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.out, "[A] entry.ini:1: data source \"PYX\": written\n");
+    EXPECT_EQ(result.out, "[A] entry.ini:1: data source \"PYX\": written\n1 of 2 entries written\n");
     EXPECT_EQ(result.err,
               "ventlock-cli: [B] entry.ini:8: data source \"PYX\": the entry was not written\n"
               "  The version of the device database is not supported.\n"
@@ -103,7 +104,8 @@ TEST(Batch, AFailingEntryLeavesTheOthersWrittenAndTheRunEndsWithCode1) {
     EXPECT_EQ(result.out,
               "[B] entry.ini:8: data source \"PYX\": written\n"
               "[B] entry.ini:8: <world>/entry/Pyx.ini: written\n"
-              "[B] entry.ini:8: <world>/entry/Ddinstal.ini: written\n");
+              "[B] entry.ini:8: <world>/entry/Ddinstal.ini: written\n"
+              "1 of 2 entries written\n");
     EXPECT_EQ(result.err,
               "ventlock-cli: [A] entry.ini:1: data source \"PYX\": the entry was not written\n"
               "  MANins-02.1a: ODBC--call failed. [HY000] [SQLite]not this one (19) (19) (3146)\n"
@@ -209,7 +211,8 @@ TEST(Batch, HowFarItHasComeIsShownOnATerminalOnly) {
     const std::string lines =
         "[A] entry.ini:1: <world>/entry/Pyx.ini: written\n"
         "[B] entry.ini:6: <world>/entry/Pyx.ini: written\n"
-        "[C] entry.ini:11: <world>/entry/Pyx.ini: written\n";
+        "[C] entry.ini:11: <world>/entry/Pyx.ini: written\n"
+        "3 of 3 entries written\n";
     ProgramCall call = world.Call(arguments);
     call.errorsGoToTerminal = true;
     const ProgramResult onTerminal = world.Finished(call);

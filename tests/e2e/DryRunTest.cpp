@@ -209,7 +209,7 @@ TEST(DryRun, OfARunThatChangesNothingShowsNoDiff) {
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.out,
               "[Flow] entry.ini:1\n"
-              "[Flow] entry.ini:1: <world>/entry/Pyx.ini: would be written\n");
+              "[Flow] entry.ini:1: <world>/entry/Pyx.ini: would stay as it is\n");
 }
 
 TEST(DryRun, RefusesWhatTheRealRunRefuses) {

@@ -36,7 +36,8 @@ TEST(Folder, StandsForItsEntryFilesByName) {
     EXPECT_EQ(result.out,
               "[3] devices/B.ini:1: <world>/entry/Pyx.ini: written\n"
               "[1] devices/a.INI:1: <world>/entry/Pyx.ini: written\n"
-              "[2] devices/b.ini:1: <world>/entry/Pyx.ini: written\n");
+              "[2] devices/b.ini:1: <world>/entry/Pyx.ini: written\n"
+              "3 of 3 entries written\n");
     EXPECT_EQ(result.err, "");
 }
 
@@ -53,7 +54,8 @@ TEST(Folder, StandsAmongFilesAndOtherFoldersInTheOrderOfTheCall) {
     EXPECT_EQ(result.out,
               "[2] two/a.ini:1: <world>/entry/Pyx.ini: written\n"
               "[3] a.txt:1: <world>/entry/Pyx.ini: written\n"
-              "[1] <world>/entry/one/a.ini:1: <world>/entry/Pyx.ini: written\n");
+              "[1] <world>/entry/one/a.ini:1: <world>/entry/Pyx.ini: written\n"
+              "3 of 3 entries written\n");
 }
 
 TEST(Folder, ThatHoldsTheTargetsToo) {
@@ -76,12 +78,13 @@ TEST(Folder, LeavesOutAndTellsOtherProgramsFiles) {
     const World world;
     world.Write("flow.ini", kFlowEntry);
     world.Write("desktop.ini", "[.ShellClassInfo]\nIconFile=a.ico\n");
+    world.Write("editor.ini", "[Window]\nWidth=80\n");
     world.Write("mine.ini", "[Mfg1]\nID=000026\nName=Caf\xE9\n");
     const std::vector<std::string> arguments = {"register", ".", "--ini", "--ini-path", "target.ini"};
     const ProgramResult result = world.Run(arguments);
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.err,
-              "./desktop.ini: left out: it holds no key of an entry\n"
+              "./editor.ini: left out: it holds no key of an entry\n"
               "./mine.ini: left out: it holds no key of an entry\n");
     EXPECT_EQ(world.Read("target.ini"), kFlowPyxIni);
     EXPECT_EQ(world.Run(With(arguments, {"--quiet"})).err, "");
@@ -89,7 +92,24 @@ TEST(Folder, LeavesOutAndTellsOtherProgramsFiles) {
     const ProgramResult document = world.Run(With(arguments, {"--json"}));
     EXPECT_EQ(document.err, "");
     EXPECT_EQ(DocumentOf(document.out)["leftOut"],
-              (nlohmann::ordered_json{"./desktop.ini", "./mine.ini", "./target.ini"}));
+              (nlohmann::ordered_json{"./editor.ini", "./mine.ini", "./target.ini"}));
+}
+
+TEST(Folder, WhoseFilesAreLeftOutIsNoGoodFolderForAStrictCheck) {
+    const World world;
+    world.Write("flow.ini", Entry("26"));
+    world.Write("level.ini", "[Level]\nManufacturer=26\nDevice=8\n");
+    world.Write("d.dll", "");
+    world.Write("Desktop.ini", "[.ShellClassInfo]\nIconFile=a.ico\n");
+    const std::vector<std::string> check = {"check", ".", "--ini", "--ini-path", "Pyx.ini"};
+    const ProgramResult plain = world.Run(check);
+    EXPECT_EQ(plain.exitCode, 0);
+    EXPECT_EQ(plain.out, "0 errors, 1 warning\n");
+    EXPECT_EQ(plain.err, "./level.ini: left out: it holds no key of an entry\n");
+    const ProgramResult strict = world.Run(With(check, {"--strict"}));
+    EXPECT_EQ(strict.exitCode, 2);
+    EXPECT_EQ(strict.out, plain.out);
+    EXPECT_EQ(strict.err, plain.err);
 }
 
 TEST(Folder, TakesAFileWithErrorsForAnEntryFile) {

@@ -102,7 +102,8 @@ TEST(OneTransaction, GivesTheRowsOfHundredsOfEntriesThatAreWrittenOneByOne) {
     for (std::string line; std::getline(warnings, line);) {
         EXPECT_NE(line.find(": warning [same-device] "), std::string::npos) << line;
     }
-    EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 300);
+    EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 301);
+    EXPECT_TRUE(result.out.ends_with("\n300 of 300 entries written\n"));
     EXPECT_EQ(result.out.substr(0, result.out.find('\n')), "[E20] entry.ini:1: data source \"PYX\": written");
     EXPECT_EQ(together.AllRows(), oneByOne.AllRows());
 }
@@ -187,7 +188,7 @@ TEST(OneTransaction, ARefusedEntryInTheMiddleLeavesNothingAnywhere) {
     const ProgramResult result = world.Run(With(kRegisterEntry, {"--one-transaction"}));
 
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.out, "0 of 3 entries written\n");
     EXPECT_EQ(result.err,
               "ventlock-cli: [A] entry.ini:1: data source \"PYX\": rolled back\n"
               "ventlock-cli: [B] entry.ini:8: data source \"PYX\": the entry was not written\n"
@@ -246,7 +247,7 @@ TEST(OneTransaction, ARefusedCommitLeavesNothingAnywhere) {
     const std::string rows = world.AllRows();
     const ProgramResult result = world.Run(With(kRegisterEntry, {"--one-transaction"}));
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.out, "");
+    EXPECT_EQ(result.out, "0 of 3 entries written\n");
     EXPECT_EQ(result.err.substr(0, result.err.find("\n  ")),
               "ventlock-cli: [A] entry.ini:1: data source \"PYX\": rolled back\n"
               "ventlock-cli: [B] entry.ini:8: data source \"PYX\": rolled back\n"

@@ -165,6 +165,58 @@ TEST(Report, OfWrongEntriesTellsEveryFinding) {
               "exit code 2\n");
 }
 
+/// A folder with a good entry, one that a warning is for, and a file that is left out.
+class ReportedCheck : public testing::Test {
+ protected:
+    ReportedCheck() {
+        std::filesystem::create_directory(world_.Path("devices"));
+        world_.Write("devices/a.ini", "[A]\nManID=26\nManName=Acme\nDevID=7\nDevName=Flow\n");
+        world_.Write("devices/b.ini",
+                     "[B]\nManID=26\nManName=Acme\nDevID=8\nDevName=Level\nTAVVersions=5.\n");
+        world_.Write("devices/c.ini", "[Window]\nWidth=80\n");
+    }
+
+    World world_;
+};
+
+TEST_F(ReportedCheck, TellsEveryFileThatNothingSpeaksAgainst) {
+    const ProgramResult result = world_.Run({"check", "devices", "--db", "--report", "out.txt"});
+    EXPECT_EQ(result.exitCode, 0) << result.out;
+    EXPECT_EQ(ReadReport(world_, "out.txt"),
+              "ventlock-cli check, <time>\n"
+              "left out: devices/c.ini\n"
+              "\n"
+              "devices/b.ini:6: line 6 [odd-version]: warning\n"
+              "  TAVVersions \"5.\" is no version such as 5.0; commas and blanks separate one version from "
+              "the next\n"
+              "devices/a.ini: check: passed\n"
+              "devices/b.ini: check: passed\n"
+              "\n"
+              "3 passed, 0 failed, 0 skipped\n"
+              "exit code 0\n");
+}
+
+TEST_F(ReportedCheck, WhenItIsStrictFailsByWarningsAndByWhatIsLeftOut) {
+    const ProgramResult result = world_.Run({"check", "devices", "--db", "--strict", "--report", "out.xml"});
+    EXPECT_EQ(result.exitCode, 2) << result.out;
+    EXPECT_EQ(ReadReport(world_, "out.xml"), R"xml(<?xml version="1.0" encoding="UTF-8"?>
+<testsuites name="ventlock-cli check" tests="3" failures="2" errors="0" skipped="0">
+  <testsuite name="ventlock-cli check" tests="3" failures="2" errors="0" skipped="0" timestamp="<time>">
+    <properties>
+      <property name="leftOut" value="devices/c.ini" />
+    </properties>
+    <testcase classname="devices/b.ini" name="line 6 [odd-version]" file="devices/b.ini" line="6">
+      <failure message="warning: TAVVersions &quot;5.&quot; is no version such as 5.0; commas and blanks separate one version from the next" type="warning">TAVVersions "5." is no version such as 5.0; commas and blanks separate one version from the next</failure>
+    </testcase>
+    <testcase classname="devices/c.ini" name="left out" file="devices/c.ini" line="0">
+      <failure message="left out: it holds no key of an entry" type="left out">it holds no key of an entry</failure>
+    </testcase>
+    <testcase classname="devices/a.ini" name="check" file="devices/a.ini" line="0" />
+  </testsuite>
+</testsuites>
+)xml");
+}
+
 TEST(Report, OfADryRunIsAllThatIsWritten) {
     const World world;
     world.MakeDatabase();

@@ -99,8 +99,8 @@ expect "setup: start menu entry" 'C:\Program Files\Vent Lock\ventlock.exe' \
 # uninstall_entry <folder>: what the system's list of programs is to say.
 uninstall_entry() {
     local size
-    size=$(cd "$work/un packed/ventlock-2.1.5-x64" && find . -type f -printf '%s\n' | awk '{ sum += $1 } END { print sum / 1024 }')
-    size=$(awk -v size="$size" 'BEGIN { printf "0x%x", size == int(size) ? size : int(size) + 1 }')
+    size=$(cd "$work/un packed/ventlock-2.1.5-x64" && find . -type f -printf '%s\n' |
+        awk '{ sum += $1 } END { printf "0x%x", int((sum + 1023) / 1024) }')
     echo "
 HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\Ventlock
     DisplayIcon    REG_SZ    $1\\ventlock.exe
