@@ -58,7 +58,7 @@ void TellSum(Console& console, bool isDryRun) {
     const auto isWhole = [&](const nlohmann::ordered_json& entry) {
         const auto& targets = entry.at("targets");
         return std::all_of(targets.begin(), targets.end(), [&](const nlohmann::ordered_json& target) {
-            return target.at("status") == wanted;
+            return target.value("status", std::string()) == wanted;
         });
     };
     const auto count = std::count_if(entries.begin(), entries.end(), isWhole);
