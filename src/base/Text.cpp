@@ -19,4 +19,13 @@ std::string Counted(std::size_t count, std::string_view noun) {
     return std::to_string(count).append(" ").append(noun).append(count == 1 ? "" : "s");
 }
 
+std::string Joined(std::span<const std::string> texts, std::string_view separator) {
+    std::string joined;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (i > 0) joined += separator;
+        joined += texts[i];
+    }
+    return joined;
+}
+
 }  // namespace ventlock

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -15,5 +16,8 @@ std::size_t CharacterCount(std::string_view utf8);
 
 /// The count and what is counted, "1 error" and "2 errors", of a noun that takes an "s".
 std::string Counted(std::size_t count, std::string_view noun);
+
+/// The texts, one after the other, with the separator between each two.
+std::string Joined(std::span<const std::string> texts, std::string_view separator);
 
 }  // namespace ventlock

@@ -81,7 +81,7 @@ ExitCode RunCommandLine(const std::vector<std::string>& arguments, Host& host, s
         console.Finish(ExitCode::Done);
         return ExitCode::Done;
     } catch (const CLI::ParseError& error) {
-        console.WriteError(WrongCall(grammar.App(), arguments, error));
+        console.WriteError(WrongCall(grammar.App(), error));
         console.Finish(ExitCode::WrongCall);
         return ExitCode::WrongCall;
     }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/ShownText.h"
+#include "base/Text.h"
 #include "base/Utf.h"
 #include "cli/ReportCases.h"
 
@@ -28,12 +29,6 @@ std::string XmlText(std::string_view text) {
         AppendCharacter(xml, IsNoXml(character) ? kReplacementCharacter : character);
     }
     return xml;
-}
-
-std::string Joined(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) text += (text.empty() ? "" : "\n") + line;
-    return text;
 }
 
 void Set(pugi::xml_node node, const char* name, std::string_view value) {
@@ -77,7 +72,7 @@ void AddCase(pugi::xml_node suite, const std::string& command, const ReportCase&
         Set(node, "line", std::to_string(result.line));
     }
     if (result.outcome == Outcome::Skipped) Set(node.append_child("skipped"), "message", result.status);
-    const std::string text = XmlText(Joined(result.lines));
+    const std::string text = XmlText(Joined(result.lines, "\n"));
     if (result.outcome == Outcome::Failed) {
         pugi::xml_node failure = node.append_child("failure");
         const std::string more = result.lines.empty() ? "" : ": " + result.lines.front();

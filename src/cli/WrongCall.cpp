@@ -2,32 +2,35 @@
 
 #include <algorithm>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "base/NearWord.h"
+#include "base/Text.h"
 
 namespace ventlock {
 namespace {
-
-/// Why a call could not be understood: a word that should be a command is named, all else is as the parser
-/// says it.
-std::string WrongCallText(const CLI::App& app, const std::vector<std::string>& arguments,
-                          const CLI::ParseError& error) {
-    const auto first = std::find_if(arguments.begin(), arguments.end(),
-                                    [](const std::string& argument) { return !argument.starts_with('-'); });
-    if (first == arguments.end()) return error.what();
-    std::string names;
-    for (const CLI::App* command : app.get_subcommands(nullptr)) {
-        if (command->get_name() == *first) return error.what();
-        names.append(names.empty() ? "" : ", ").append(command->get_name());
-    }
-    return "\"" + *first + "\" is no command; the commands are " + names;
-}
 
 /// The command that the call got to, the whole program when to none.
 const CLI::App& CommandOf(const CLI::App& app) {
     const CLI::App* command = &app;
     while (!command->get_subcommands().empty()) command = command->get_subcommands().front();
     return *command;
+}
+
+/// The names of the commands below this one.
+std::vector<std::string> CommandsOf(const CLI::App& command) {
+    std::vector<std::string> names;
+    for (const CLI::App* part : command.get_subcommands(nullptr)) names.push_back(part->get_name());
+    return names;
+}
+
+/// What stands in the call where one of these commands should, "" for nothing.
+std::string WordForCommand(const CLI::App& app, const std::vector<std::string>& commands) {
+    const std::vector<std::string> rest = app.remaining(true);
+    const auto word = std::find_if(rest.begin(), rest.end(),
+                                   [](const std::string& text) { return !text.starts_with('-'); });
+    return commands.empty() || word == rest.end() ? "" : *word;
 }
 
 /// The words that a command is called by, the program's name first.
@@ -63,14 +66,23 @@ std::optional<std::string> MeantOption(const CLI::App& app, const CLI::App& comm
 
 }  // namespace
 
-CliError WrongCall(const CLI::App& app, const std::vector<std::string>& arguments,
-                   const CLI::ParseError& error) {
+CliError WrongCall(const CLI::App& app, const CLI::ParseError& error) {
     const CLI::App& command = CommandOf(app);
-    const auto meant = MeantOption(app, command);
+    const std::vector<std::string> commands = CommandsOf(command);
+    const std::string word = WordForCommand(app, commands);
+    const std::string see = "See \"" + CallOf(command) + " --help\".";
+    const auto advice = [&](const std::optional<std::string>& meant) {
+        return (meant ? "Did you mean " + *meant + "? " : "") + see;
+    };
+    // All else is as the parser says it.
+    if (word.empty()) {
+        return {ExitCode::WrongCall, error.what(), {}, advice(MeantOption(app, command))};
+    }
+    const auto near = NearestWord(word, commands);
     return {ExitCode::WrongCall,
-            WrongCallText(app, arguments, error),
+            "\"" + word + "\" is no command; the commands are " + Joined(commands, ", "),
             {},
-            (meant ? "Did you mean " + *meant + "? " : "") + "See \"" + CallOf(command) + " --help\"."};
+            advice(near ? std::optional(commands[*near]) : std::nullopt)};
 }
 
 }  // namespace ventlock

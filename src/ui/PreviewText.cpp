@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/ShownText.h"
+#include "base/Text.h"
 #include "core/modCommonTools.h"
 #include "core/modLocalization.h"
 
@@ -38,12 +39,6 @@ std::string NameOfField(std::string_view key) {
     return GetString(place->tab) + ", " + GetString(place->label);
 }
 
-std::string Joined(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) text.append(text.empty() ? "" : "\n").append(line);
-    return text;
-}
-
 }  // namespace
 
 std::string PreviewText(const TargetPreview& preview) {
@@ -58,7 +53,7 @@ std::string PreviewText(const TargetPreview& preview) {
         lines.push_back(GetString(preview.isWritten ? "IDS_PRV_MESSAGES" : "IDS_PRV_FAILS"));
         lines.insert(lines.end(), preview.messages.begin(), preview.messages.end());
     }
-    return ShownText(Joined(lines));
+    return ShownText(Joined(lines, "\n"));
 }
 
 std::string DisabledText(const WriteObstacles& obstacles) {
@@ -67,7 +62,7 @@ std::string DisabledText(const WriteObstacles& obstacles) {
     if (obstacles.isNotConnected) lines.push_back("- " + GetString("IDS_PRV_NOT_CONNECTED"));
     for (const std::string_view key : obstacles.emptyFields)
         lines.push_back("- " + FillParam(GetString("IDS_PRV_EMPTY"), NameOfField(key)));
-    return Joined(lines);
+    return Joined(lines, "\n");
 }
 
 }  // namespace ventlock

@@ -20,6 +20,9 @@ TEST(Call, WithAnUnknownCommandIsRefusedWithCode2) {
         "ventlock-cli: \"inscribe\" is no command; the commands are register, verify, export, check, "
         "database, settings\n"
         "  See \"ventlock-cli --help\".\n");
+    ExpectRefused(world, {"--timeout", "5", "database", "creat", "--file", "device.db"}, 2,
+                  "ventlock-cli: \"creat\" is no command; the commands are create, info, list, sources\n"
+                  "  Did you mean create? See \"ventlock-cli database --help\".\n");
 }
 
 TEST(Call, WithAnUnknownOptionIsRefusedWithCode2) {

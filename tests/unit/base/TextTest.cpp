@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace ventlock {
 namespace {
 
@@ -21,6 +24,12 @@ TEST(CharacterCount, CountsCharactersNotBytes) {
     EXPECT_EQ(CharacterCount("Prüfgerät"), 9U);
     EXPECT_EQ(CharacterCount("Ω中\xF0\x9F\x98\x80"), 3U);
     EXPECT_EQ(CharacterCount("a\xFF"), 2U);
+}
+
+TEST(Joined, HasTheSeparatorBetweenTextsOnly) {
+    EXPECT_EQ(Joined({}, ", "), "");
+    EXPECT_EQ(Joined(std::vector<std::string>{"a"}, ", "), "a");
+    EXPECT_EQ(Joined(std::vector<std::string>{"", "a", ""}, ", "), ", a, ");
 }
 
 TEST(Counted, HasOneOfANounAndManyOfThem) {

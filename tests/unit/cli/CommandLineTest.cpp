@@ -109,6 +109,15 @@ TEST(CommandLine, ACallThatIsNotUnderstoodIsShownToTheHelpOfItsCommand) {
               "See \"ventlock-cli settings set --help\".\n");
 }
 
+TEST(CommandLine, AMisspeltCommandIsAnsweredWithTheOneThatWasMeant) {
+    const std::string see = " See \"ventlock-cli --help\".\n";
+    EXPECT_EQ(AdviceOn({"regster", "a.ini"}), "Did you mean register?" + see);
+    EXPECT_EQ(AdviceOn({"--timeout", "5", "--quiet", "chekc", "a.ini"}), "Did you mean check?" + see);
+    const std::string database = " See \"ventlock-cli database --help\".\n";
+    EXPECT_EQ(AdviceOn({"database", "creat", "--file", "a.db"}), "Did you mean create?" + database);
+    EXPECT_EQ(AdviceOn({"database", "remove"}), database.substr(1));
+}
+
 TEST(CommandLine, AMisspeltOptionIsAnsweredWithTheOneThatWasMeant) {
     const std::string see = " See \"ventlock-cli register --help\".\n";
     for (const char* const option : {"--dryrun", "--dry-rnu", "-dry-run", "--dry_run", "--dry-run-"}) {
