@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace ventlock {
@@ -75,13 +76,13 @@ void AddCheck(const Json& document, std::vector<ReportCase>& cases) {
             cases.push_back({path, 0, "left out", Outcome::Failed, "left out", {kNoEntryKey}});
         }
     }
-    const std::vector<ReportCase> found = cases;
+    std::set<std::string> wrongFiles;
+    for (const ReportCase& result : cases) {
+        if (result.outcome == Outcome::Failed) wrongFiles.insert(result.file);
+    }
     for (const Json& file : ListAt(document, "files")) {
         const std::string path = TextAt(file, "file");
-        const bool isWrong = std::any_of(found.begin(), found.end(), [&](const ReportCase& result) {
-            return result.file == path && result.outcome == Outcome::Failed;
-        });
-        if (!isWrong) cases.push_back({path, 0, "check", Outcome::Passed, "passed", {}});
+        if (!wrongFiles.contains(path)) cases.push_back({path, 0, "check", Outcome::Passed, "passed", {}});
     }
 }
 

@@ -206,6 +206,7 @@ TEST(Check, GivesItsFindingsAsADocument) {
               nlohmann::ordered_json::parse(
                   R"([{"file": "entry.ini", "line": 4, "severity": "error", "id": "hex-digits",
                        "text": "DevID \"7G\" is no hexadecimal number; use the digits 0 to 9 and A to F only"}])"));
+    EXPECT_EQ(document["files"], nlohmann::ordered_json::parse(R"([{"file": "entry.ini", "entries": 1}])"));
 }
 
 TEST(Check, OfAMissingFileEndsWithCode2) {
