@@ -58,9 +58,12 @@ TEST_F(HelpBook, ComesToTheFrontWhenItIsOpenedAgain) {
     wxFrame other(nullptr, wxID_ANY, "another window");
     other.Show();
     WaitUntil("the other window in front", [&] { return other.IsActive(); });
-    ASSERT_TRUE(help.Show(VENTLOCK_HELP_BOOK, kHelpContents));
-    EXPECT_EQ(HelpWindow(), first);
-    WaitUntil("the help window in front again", [&] { return first->IsActive(); });
+    // A window manager that is late with the other window puts it in front once more.
+    WaitUntil("the help window in front again", [&] {
+        EXPECT_TRUE(help.Show(VENTLOCK_HELP_BOOK, kHelpContents));
+        EXPECT_EQ(HelpWindow(), first);
+        return first->IsActive();
+    });
 }
 
 TEST_F(HelpBook, OpensInAFolderOfAnyName) {
