@@ -73,7 +73,7 @@ void AddCheck(const Json& document, std::vector<ReportCase>& cases) {
     for (const Json& finding : ListAt(document, "findings")) AddFinding(finding, isStrict, cases);
     if (isStrict) {
         for (const std::string& path : LeftOut(document)) {
-            cases.push_back({path, 0, "left out", Outcome::Failed, "left out", {kNoEntryKey}});
+            cases.push_back({path, 0, "check", Outcome::Failed, "left out", {kNoEntryKey}});
         }
     }
     std::set<std::string> wrongFiles;

@@ -208,7 +208,7 @@ TEST_F(ReportedCheck, WhenItIsStrictFailsByWarningsAndByWhatIsLeftOut) {
     <testcase classname="devices/b.ini" name="line 6 [odd-version]" file="devices/b.ini" line="6">
       <failure message="warning: TAVVersions &quot;5.&quot; is no version such as 5.0; commas and blanks separate one version from the next" type="warning">TAVVersions "5." is no version such as 5.0; commas and blanks separate one version from the next</failure>
     </testcase>
-    <testcase classname="devices/c.ini" name="left out" file="devices/c.ini" line="0">
+    <testcase classname="devices/c.ini" name="check" file="devices/c.ini" line="0">
       <failure message="left out: it holds no key of an entry" type="left out">it holds no key of an entry</failure>
     </testcase>
     <testcase classname="devices/a.ini" name="check" file="devices/a.ini" line="0" />
