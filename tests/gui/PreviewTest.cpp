@@ -299,6 +299,18 @@ TEST_F(Preview, TurnsItsTabsByTheKeysOfTheWindow) {
     });
 }
 
+TEST_F(Preview, TellsOfAFileThatIsTooLargeToBeRead) {
+    const std::string path = world_.Folder() + "Large.ini";
+    WriteBytes(path, "");
+    fs::resize_file(PathOf(path), kLargestFile + 1);  // takes no room on the disk
+    world_.Start().Controls().txtMain[kIniPathBox]->SetText(path);
+    const frmPreview::Texts texts = Show();
+    EXPECT_THAT(texts[1], StartsWith("The command would fail:\n"));
+    EXPECT_THAT(texts[1], HasSubstr("Large.ini"));
+    EXPECT_THAT(texts[2], HasSubstr("\n+[Mfg"));
+    EXPECT_THAT(world_.messages.Texts(), IsEmpty());
+}
+
 TEST_F(Preview, CopiesTheTextOfTheTabInFront) {
     world_.Start();
     const frmPreview::Texts texts = Show([](frmPreview& box) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -55,6 +56,14 @@ TEST_F(History, HoldsAnEntryBeforeItsBoxIsShown) {
     log->Log("one");
     log->Log("two");
     EXPECT_THAT(boxesBefore, ElementsAre(0u, 1u));
+}
+
+TEST_F(History, ThatCannotHoldAnEntryKeepsItFromNobodyElse) {
+    const auto log = StartedLog(kLogToScreen | kLogToFile);
+    log->History().Follow([] { throw std::bad_alloc(); });
+    EXPECT_TRUE(log->Log("one"));
+    EXPECT_EQ(messageBox_.messages.size(), 1U);
+    EXPECT_NE(LogText().find("one"), std::string::npos);
 }
 
 TEST(LogHistory, KeepsTheLastFiveHundred) {

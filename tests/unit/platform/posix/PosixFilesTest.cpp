@@ -83,6 +83,33 @@ TEST_F(PosixFilesTest, AFileThatIsLongerThanTheSystemSaysIsReadWhole) {
     EXPECT_EQ(files_->ReadAll(path), ReadBytes(path));
 }
 
+TEST_F(PosixFilesTest, AFileThatGrowsWhileItIsReadIsReadWhole) {
+    const std::string bytes(100000, 'x');
+    WriteBytes(folder_ / "a.ini", bytes);
+    FileCalls calls = SystemFileCalls();
+    calls.fstat = [](int descriptor, struct stat* facts) {
+        const int result = fstat(descriptor, facts);
+        facts->st_size = 1;
+        return result;
+    };
+    PosixFiles files(kLockPatience, calls);
+    EXPECT_TRUE(files.ReadAll(folder_ / "a.ini") == bytes);
+}
+
+TEST_F(PosixFilesTest, AFileThatAnotherKindHasTakenThePlaceOfIs75) {
+    WriteBytes(folder_ / "a.ini", "old");
+    FileCalls calls = SystemFileCalls();
+    calls.fstat = [](int descriptor, struct stat* facts) {
+        const int result = fstat(descriptor, facts);
+        facts->st_mode = (facts->st_mode & ~static_cast<mode_t>(S_IFMT)) | S_IFIFO;
+        return result;
+    };
+    PosixFiles files(kLockPatience, calls);
+    EXPECT_EQ(NumberRaisedBy([&] { files.ReadAll(folder_ / "a.ini"); }), 75);
+    EXPECT_EQ(NumberRaisedBy([&] { files.Append(folder_ / "a.ini", "new"); }), 75);
+    EXPECT_EQ(ReadBytes(folder_ / "a.ini"), "old");
+}
+
 TEST_F(PosixFilesTest, ADriveLetterPathIs76AndMakesNoFileInAnyFolder) {
     const WorkingFolder here(folder_.Path());
     WriteBytes(folder_ / "A:\\Present.ini", "old");
