@@ -17,7 +17,8 @@ linux_test_packages=(lintian mandoc appstream desktop-file-utils bash-completion
 
 # What makes the Windows programs and their packages on Linux: packaging/windows/package.sh takes these.
 windows_packages=(g++ cmake ninja-build make dpkg-dev git libwxgtk3.2-dev libcli11-dev nlohmann-json3-dev libdtl-dev
-    libpugixml-dev googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev nsis zip unzip)
+    libpugixml-dev googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev nsis zip unzip
+    wx3.2-i18n)
 
 # What the tests of these packages look into them and run them with.
 windows_test_packages=(wine wine64 libsqliteodbc icoutils p7zip-full)

@@ -8,6 +8,7 @@
 #include "core/modLocalization.h"
 #include "platform/Casing.h"
 #include "ui/HelpKeys.h"
+#include "ui/ToolkitTexts.h"
 #include "ui/WxText.h"
 
 namespace ventlock {
@@ -18,9 +19,10 @@ std::string BookLanguage() {
     return EqualIgnoringCase(gsLanguage, "DE") ? "de" : "en";
 }
 
-/// The help window's own words; they stay English where the toolkit's translations are not installed.
+/// The help window's own words; they stay English where the host has no translations of the toolkit's.
 void TranslateToolkit(const std::string& language) {
     auto translations = std::make_unique<wxTranslations>();
+    translations->SetLoader(ToolkitTexts().release());
     translations->SetLanguage(ToWx(language));
     translations->AddStdCatalog();
     wxTranslations::Set(translations.release());

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <wx/notebook.h>
 
 #include <filesystem>
 
@@ -16,6 +17,7 @@ struct Language {
     const char* name;
     const char* code;
     const char* firstPage;
+    const char* contents;  ///< the tab beside the page, in the toolkit's own words
 };
 
 void PrintTo(const Language& language, std::ostream* out) {
@@ -24,20 +26,23 @@ void PrintTo(const Language& language, std::ostream* out) {
 
 class HelpBookIn : public HelpBook, public testing::WithParamInterface<Language> {};
 
-TEST_P(HelpBookIn, OpensItsFirstPage) {
+TEST_P(HelpBookIn, OpensItsFirstPageInAWindowOfItsLanguage) {
     gsLanguage = GetParam().code;
     WxHelp help;
     ASSERT_TRUE(help.Show(VENTLOCK_HELP_BOOK, kHelpContents));
     ASSERT_NE(HelpWindow(), nullptr);
     EXPECT_TRUE(HelpWindow()->IsShown());
     EXPECT_EQ(OpenedPage(*HelpWindow()), GetParam().firstPage);
+    const auto& tabs = *wxStaticCast(HelpWindow()->FindWindow(wxID_HTML_NOTEBOOK), wxNotebook);
+    EXPECT_EQ(FromWx(tabs.GetPageText(0)), GetParam().contents);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, HelpBookIn,
-                         testing::Values(Language{"English", "EN", "Welcome to Ventlock"},
-                                         Language{"German", "DE", "Willkommen bei Ventlock"},
-                                         Language{"InSmallLetters", "de", "Willkommen bei Ventlock"},
-                                         Language{"AnyOther", "FR", "Welcome to Ventlock"}),
+                         testing::Values(Language{"English", "EN", "Welcome to Ventlock", "Contents"},
+                                         Language{"German", "DE", "Willkommen bei Ventlock", "Inhalte"},
+                                         Language{"InSmallLetters", "de", "Willkommen bei Ventlock",
+                                                  "Inhalte"},
+                                         Language{"AnyOther", "FR", "Welcome to Ventlock", "Contents"}),
                          RowName());
 
 TEST_F(HelpBook, OpensAgainAfterItsWindowWasClosed) {

@@ -1,0 +1,9 @@
+#include "ui/ToolkitTexts.h"
+
+namespace ventlock {
+
+std::unique_ptr<wxTranslationsLoader> ToolkitTexts() {
+    return std::make_unique<wxFileTranslationsLoader>();
+}
+
+}  // namespace ventlock
