@@ -21,11 +21,11 @@ clsLog::clsLog(IFiles& files, IClock& clock, IMessageBox& messageBox, IEventLog&
 bool clsLog::Init(const std::string& szPath, const std::optional<Variant>& vOperation,
                   const std::optional<std::string>& vCaption, const std::optional<std::string>& vHelpFile) {
     try {
-        operation_ = vOperation ? ToInteger(NumericValue(TextOf(*vOperation))) : std::int16_t{0};
+        const bool isWorking = vOperation && ToInteger(NumericValue(TextOf(*vOperation))) == 2;
         Caption = vCaption.value_or("Log Entry");
         if (vHelpFile && files_.Exists(*vHelpFile)) HelpFile = *vHelpFile;
         LogFile = szPath;
-        Initialized = operation_ == 2;
+        Initialized = isWorking;
         return Initialized;
     } catch (const std::exception&) {
         return false;  // the log has nobody to report its own failures to

@@ -75,7 +75,6 @@ class clsLog final : public AppObject {
     IAppInfo& appInfo_;
     LogHistory history_;
     std::int16_t entries_ = 0;  ///< attempts, not successes
-    std::int16_t operation_ = 0;
     bool hasHeader_ = false;
 };
 

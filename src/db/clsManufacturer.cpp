@@ -48,7 +48,6 @@ bool clsManufacturer::InsertCurrent(StepLabel& step) {
         RefreshManufacturer();
         return true;
     }
-    step = "02.1";
     if (MfrNameFound == 0) {
         step = "02.1a";
         DatabaseOf(oAppObjects_)

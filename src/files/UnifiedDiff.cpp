@@ -44,7 +44,6 @@ std::string UnifiedDiff(std::string_view before, std::string_view after, const s
     const Lines oldLines = LinesOf(before);
     const Lines newLines = LinesOf(after);
     dtl::Diff<std::string> diff(oldLines.contents, newLines.contents);
-    diff.onHuge();
     diff.compose();
     diff.composeUnifiedHunks();
 
