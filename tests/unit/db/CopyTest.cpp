@@ -74,6 +74,15 @@ TEST_F(Copy, KnowsWhatTheRecordsHaveFound) {
     EXPECT_EQ(world_.Statements(), Journal());
 }
 
+TEST_F(Copy, HasWhatTheFacadeHolds) {
+    tavDB_.DBPath = "/d/pyxall.mdb";
+    tavDB_.LastTAVVersions = "5.0, 6.0";
+    const auto copy = tavDB_.CopyFor(other_->Objects());
+    EXPECT_EQ(copy->Version, kCurrentSchema);
+    EXPECT_EQ(copy->DBPath, "/d/pyxall.mdb");
+    EXPECT_EQ(copy->LastTAVVersions, "5.0, 6.0");
+}
+
 TEST_F(Copy, LeavesTheFacadesRecordsAlone) {
     const auto copy = tavDB_.CopyFor(other_->Objects());
     copy->Manufacturer().Name = "Best";

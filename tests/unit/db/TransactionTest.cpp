@@ -15,6 +15,7 @@
 namespace ventlock::test {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -133,6 +134,17 @@ TEST(Transaction, GivesTheRowsOfTheOldSchemaToo) {
     EXPECT_TRUE(together.Connection().CommitTrans());
     EXPECT_EQ(Everything(together, DeviceSchema::Old), Everything(oneByOne, DeviceSchema::Old));
     EXPECT_EQ(together.Entries(), oneByOne.Entries());
+}
+
+TEST(Transaction, ThatIsCommittedRemembersNothing) {
+    DbWorld world;
+    EXPECT_TRUE(world.Connection().BeginTrans(kCurrentSchema));
+    EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "", ""}));
+    EXPECT_TRUE(world.Connection().CommitTrans());
+    EXPECT_EQ(world.Connection().Transaction(), nullptr);
+    world.Statements();
+    EXPECT_TRUE(Write(world, {"26", "0", "0A", "1", "", ""}));
+    EXPECT_THAT(world.Statements(), Contains("select *   from MfrProtocols ")) << "others may write again";
 }
 
 TEST(Transaction, ThatIsRolledBackLeavesNothing) {

@@ -122,6 +122,10 @@ TEST(EntryToForm, OtherProtocolsGetTheFirstCategoriesAndAWarningForWhatWasGiven)
                                              std::tuple(4, Severity::Warning, "not-used")));
 }
 
+TEST(EntryToForm, WhatIsGivenAsBlankIsNotWarnedOf) {
+    EXPECT_THAT(Choose("ProtID=11\nDevRevName= \n").findings, IsEmpty());
+}
+
 TEST(EntryToForm, AProtocolWithoutRevisionNameEmptiesItAndWarns) {
     const Chosen chosen = Choose("ProtID=11\nDevRevName=R1\n");
     EXPECT_EQ(chosen.form.txtMain[kRevisionNameBox], "");
