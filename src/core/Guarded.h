@@ -47,6 +47,17 @@ Result Guarded(const AppObjects* oAppObjects, std::string_view tag, Result failu
     return failure;
 }
 
+/// The same for a procedure without a result.
+template <class Body>
+void Guarded(const AppObjects* oAppObjects, std::string_view tag, Body&& body) {
+    StepLabel step;
+    try {
+        std::forward<Body>(body)(step);
+    } catch (...) {
+        ReportError(oAppObjects, tag, step, CurrentError());
+    }
+}
+
 /// The message box that module procedures report to, for the whole program; nullptr drops their texts.
 /// It must outlive every later call of a module procedure or be replaced before.
 void UseModuleMessageBox(IMessageBox* messageBox) noexcept;

@@ -140,16 +140,15 @@ clsDDInstall::KeyValues clsDDInstall::DeviceKeys() const {
     };
 }
 
-bool clsDDInstall::WriteHeader(ProfileFile& file) {
-    return Guarded(oAppObjects_, "DDwddih", false, [&](StepLabel&) {
+void clsDDInstall::WriteHeader(ProfileFile& file) {
+    Guarded(oAppObjects_, "DDwddih", [&](StepLabel&) {
         WriteKey(file, "Version", "DD Version", std::to_string(DDVersion));
         WriteKey(file, kGeneral, kManufacturers, "0");
-        return true;
     });
 }
 
-bool clsDDInstall::WriteManufacturer(ProfileFile& file, std::int16_t manufacturer, bool isNew) {
-    return Guarded(oAppObjects_, "DDwddim", false, [&](StepLabel& step) {
+void clsDDInstall::WriteManufacturer(ProfileFile& file, std::int16_t manufacturer, bool isNew) {
+    Guarded(oAppObjects_, "DDwddim", [&](StepLabel& step) {
         step = "01";
         if (isNew) RaiseCount(file, kGeneral, kManufacturers);
         step = "02";
@@ -159,18 +158,16 @@ bool clsDDInstall::WriteManufacturer(ProfileFile& file, std::int16_t manufacture
             WriteKey(file, section, kDevices, "0");
         }
         for (const auto& [key, value] : ManufacturerKeys()) WriteKey(file, section, key, value);
-        return true;
     });
 }
 
-bool clsDDInstall::WriteDevice(ProfileFile& file, std::int16_t device, bool isNew,
+void clsDDInstall::WriteDevice(ProfileFile& file, std::int16_t device, bool isNew,
                                std::int16_t manufacturer) {
-    return Guarded(oAppObjects_, "DDwddis", false, [&](StepLabel& step) {
+    Guarded(oAppObjects_, "DDwddis", [&](StepLabel& step) {
         step = "01";
         if (isNew) RaiseCount(file, ManufacturerSection(manufacturer), kDevices);
         step = "02";
         for (const auto& [key, value] : DeviceKeys()) WriteKey(file, DeviceSection(device), key, value);
-        return true;
     });
 }
 
@@ -254,11 +251,10 @@ void clsDDInstall::CompareDevices(const ProfileFile& file, std::int16_t manufact
     if (!found.empty()) CompareSection(file, DeviceSection(found[0]), DeviceKeys(), differences);
 }
 
-bool clsDDInstall::WriteBack(ProfileFile& file) {
-    return Guarded(oAppObjects_, "DDwb", false, [&](StepLabel& step) {
+void clsDDInstall::WriteBack(ProfileFile& file) {
+    Guarded(oAppObjects_, "DDwb", [&](StepLabel& step) {
         step = "03.1";
         file.SeparateSections();
-        return true;
     });
 }
 

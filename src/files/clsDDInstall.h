@@ -68,9 +68,9 @@ class clsDDInstall {
     [[nodiscard]] KeyValues ManufacturerKeys() const;
     [[nodiscard]] KeyValues DeviceKeys() const;
     [[nodiscard]] std::string DeviceSection(std::int16_t device) const;
-    bool WriteHeader(ProfileFile& file);
-    bool WriteManufacturer(ProfileFile& file, std::int16_t manufacturer, bool isNew);
-    bool WriteDevice(ProfileFile& file, std::int16_t device, bool isNew, std::int16_t manufacturer);
+    void WriteHeader(ProfileFile& file);
+    void WriteManufacturer(ProfileFile& file, std::int16_t manufacturer, bool isNew);
+    void WriteDevice(ProfileFile& file, std::int16_t device, bool isNew, std::int16_t manufacturer);
     std::int16_t CheckManufacturer(const ProfileFile& file, bool& isNew);
     std::int16_t CheckDevice(const ProfileFile& file, std::int16_t manufacturer, bool& isNew);
     bool HoldsManufacturer(const ProfileFile& file, std::int16_t manufacturer, std::string_view id);
@@ -78,7 +78,7 @@ class clsDDInstall {
                      std::string_view revision);
     void CompareDevices(const ProfileFile& file, std::int16_t manufacturer,
                         std::vector<Difference>& differences);
-    bool WriteBack(ProfileFile& file);
+    void WriteBack(ProfileFile& file);
     std::int16_t ReadCount(const ProfileFile& file, std::string_view section, std::string_view key);
     void RaiseCount(ProfileFile& file, std::string_view section, std::string_view key);
 

@@ -46,14 +46,13 @@ std::vector<Difference> clsPyxConfig::Compare(const ProfileFile& file, const cls
     return CompareKeys(file, Keys(oManufacturer, oDevice));
 }
 
-bool clsPyxConfig::WriteBack(ProfileEdit& edit) {
-    return Guarded(oAppObjects_, "INIwb", false, [&](StepLabel& step) {
+void clsPyxConfig::WriteBack(ProfileEdit& edit) {
+    Guarded(oAppObjects_, "INIwb", [&](StepLabel& step) {
         step = "01";
         std::string room;
         profiles_.Files().Replace(edit.Path() + kBackupEnding, edit.File().Bytes(room));
         step = "03.1";
         edit.File().SeparateSections();
-        return true;
     });
 }
 

@@ -43,7 +43,7 @@ class clsPyxConfig {
  private:
     [[nodiscard]] std::vector<ProfileKey> Keys(const clsManufacturer& oManufacturer,
                                                const clsDevice& oDevice) const;
-    bool WriteBack(ProfileEdit& edit);
+    void WriteBack(ProfileEdit& edit);
 
     const ProfileStore& profiles_;
     const AppObjects* oAppObjects_ = nullptr;

@@ -89,7 +89,7 @@ void frmLog::Arrange() {
 
 // Before any place is stored the window stands in the middle of the main window.
 void frmLog::ShowStoredPlace() {
-    Guarded(&oAppObjects_, "fLssp", false, [&](StepLabel&) {
+    Guarded(&oAppObjects_, "fLssp", [&](StepLabel&) {
         auto& settings = oAppObjects_.Get<clsSettings>(kSettingsKey);
         const std::string left = settings.LateText(*FindLateSetting(kLogWindowLeft));
         const std::string top = settings.LateText(*FindLateSetting(kLogWindowTop));
@@ -98,17 +98,15 @@ void frmLog::ShowStoredPlace() {
         } else {
             place_.Move(ToInteger(NumericValue(left)), ToInteger(NumericValue(top)));
         }
-        return true;
     });
 }
 
 // A refusal is not reported, as with the main window's place.
 void frmLog::StorePlace() {
-    Guarded(&oAppObjects_, "fLsp", false, [&](StepLabel&) {
+    Guarded(&oAppObjects_, "fLsp", [&](StepLabel&) {
         auto& settings = oAppObjects_.Get<clsSettings>(kSettingsKey);
         settings.StoreLate(*FindLateSetting(kLogWindowLeft), std::to_string(place_.Left()));
         settings.StoreLate(*FindLateSetting(kLogWindowTop), std::to_string(place_.Top()));
-        return true;
     });
 }
 
@@ -151,9 +149,8 @@ void frmLog::cmdCopyAll_Click() {
 }
 
 void frmLog::CopyText(const wxString& text) {
-    Guarded(&oAppObjects_, "fLcp", false, [&](StepLabel&) {
+    Guarded(&oAppObjects_, "fLcp", [&](StepLabel&) {
         if (!text.empty()) clipboard_.SetText(FromWx(text));
-        return true;
     });
 }
 

@@ -186,12 +186,7 @@ void frmMain::RunCommand(const std::function<void()>& body) {
 }
 
 void frmMain::RunCommand(std::string_view tag, const std::function<void(StepLabel&)>& body) {
-    RunCommand([&] {
-        Guarded(&oAppObjects_, tag, false, [&](StepLabel& step) {
-            body(step);
-            return true;
-        });
-    });
+    RunCommand([&] { Guarded(&oAppObjects_, tag, body); });
 }
 
 void frmMain::ReportUnhandled(const std::exception_ptr& error) noexcept {

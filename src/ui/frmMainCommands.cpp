@@ -191,12 +191,11 @@ void frmMain::ShowHelp() {
 }
 
 void frmMain::mnuLog_Click() {
-    Guarded(&oAppObjects_, "fMlog", false, [&](StepLabel&) {
+    Guarded(&oAppObjects_, "fMlog", [&](StepLabel&) {
         if (!log_) log_ = new frmLog(this, oAppObjects_, services_.clipboard);
         if (log_->IsIconized()) log_->Iconize(false);
         log_->Show();
         log_->Raise();
-        return true;
     });
 }
 

@@ -59,10 +59,9 @@ void frmMain::SettingsToEntry() {
 }
 
 void frmMain::LoadFormText(int mode) {
-    Guarded(&oAppObjects_, "fMotf", false, [&](StepLabel& step) {
+    Guarded(&oAppObjects_, "fMotf", [&](StepLabel& step) {
         if (mode == kCaptions) LoadCaptions();
         if (mode == kContents) LoadEntry(step);
-        return true;
     });
 }
 
@@ -143,13 +142,12 @@ void frmMain::ShowCurrentSchemaFields(StepLabel& step) {
 }
 
 bool frmMain::SelectVersions(const std::string& versions) {
-    Guarded(&oAppObjects_, "fMsv", false, [&](StepLabel&) {
+    Guarded(&oAppObjects_, "fMsv", [&](StepLabel&) {
         VersionField& list = *controls_.lstTAVVersionSupport;
         for (const std::string& version : ParseVersionList(versions, services_.events, &oAppObjects_)) {
             const int index = FindListText(list, version);
             if (index >= 0) list.Select(index);
         }
-        return true;
     });
     return true;
 }
@@ -158,10 +156,7 @@ void frmMain::cmdSwitchDSN_Click() {
     RunCommand([&] {
         const wxBusyCursor busyCursor;
         ShowBusy();
-        Guarded(&oAppObjects_, "fMsd", false, [&](StepLabel& step) {
-            SwitchDataSource(step);
-            return true;
-        });
+        Guarded(&oAppObjects_, "fMsd", [&](StepLabel& step) { SwitchDataSource(step); });
         ShowConnection();
         SetControlStates();  // whether it is connected decides what can be used
     });

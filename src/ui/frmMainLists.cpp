@@ -65,7 +65,7 @@ void frmMain::DropDown(std::size_t box) {
 
 // Without the driver manager's answer its list is empty: a name can be typed all the same.
 void frmMain::DropDataSources() {
-    Guarded(&oAppObjects_, "fMdds", false, [&](StepLabel& step) {
+    Guarded(&oAppObjects_, "fMdds", [&](StepLabel& step) {
         DropListContent content{.items = {}, .whenEmpty = GetString("IDS_LST_NO_SOURCES"), .clear = {}};
         try {
             content.items = DataSourceItems(services_.listDataSources());
@@ -77,12 +77,11 @@ void frmMain::DropDataSources() {
         step = "01";
         const DropListChoice choice = controls_.lstDataSources->Choose(content);
         if (choice.item) controls_.txtMain[kDataSourceBox]->SetText(content.items[*choice.item].text);
-        return true;
     });
 }
 
 void frmMain::DropRecentPaths(std::size_t box) {
-    Guarded(&oAppObjects_, "fMdrp", false, [&](StepLabel& step) {
+    Guarded(&oAppObjects_, "fMdrp", [&](StepLabel& step) {
         const bool isINI = box == kIniPathBox;
         RecentPaths recent(oAppObjects_.Get<clsSettings>(kSettingsKey),
                            isINI ? kRecentINIPaths : kRecentDDInstallPaths,
@@ -96,18 +95,16 @@ void frmMain::DropRecentPaths(std::size_t box) {
         const DropListChoice choice = list.Choose(content);
         if (choice.item) TakePath(box, content.items[*choice.item].text);
         if (choice.isToClear) recent.Clear();
-        return true;
     });
 }
 
 // The answer of the settings store decides nothing, as with all that the window keeps.
 void frmMain::RememberPath(std::size_t box, const std::string& path) {
-    Guarded(&oAppObjects_, "fMrp", false, [&](StepLabel&) {
+    Guarded(&oAppObjects_, "fMrp", [&](StepLabel&) {
         RecentPaths(oAppObjects_.Get<clsSettings>(kSettingsKey),
                     box == kIniPathBox ? kRecentINIPaths : kRecentDDInstallPaths,
                     services_.host.Paths().IgnoreCase())
             .Remember(path);
-        return true;
     });
 }
 

@@ -15,10 +15,7 @@ namespace ventlock {
 void frmMain::mnuPreview_Click() {
     RunCommand("fMpv", [&](StepLabel&) {
         const auto copy = [&](const std::string& text) {
-            Guarded(&oAppObjects_, "fMcp", false, [&](StepLabel&) {
-                services_.clipboard.SetText(text);
-                return true;
-            });
+            Guarded(&oAppObjects_, "fMcp", [&](StepLabel&) { services_.clipboard.SetText(text); });
         };
         frmPreview box(
             this, MainMenu::TitleOf(*menu_.mnuPreview),

@@ -121,11 +121,10 @@ bool frmMain::FillLists() {
 
 void frmMain::Form_Unload() {
     isUnloading_ = true;
-    Guarded(&oAppObjects_, "fMf_u", false, [&](StepLabel&) {
-        if (startUpFailed_) return true;
+    Guarded(&oAppObjects_, "fMf_u", [&](StepLabel&) {
+        if (startUpFailed_) return;
         if (isEntryShown_) GatherEntry();
         if (isSettingsRead_) EntryToSettings(oAppObjects_, records_, place_);
-        return true;
     });
     gbTerminate = true;
 }
@@ -147,7 +146,7 @@ void frmMain::Unload() {
 }
 
 void frmMain::mnuExit_Click() {
-    Guarded(&oAppObjects_, "fMme", false, [&](StepLabel&) { return Close(); });
+    Guarded(&oAppObjects_, "fMme", [&](StepLabel&) { Close(); });
 }
 
 }  // namespace ventlock
