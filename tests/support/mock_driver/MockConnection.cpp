@@ -90,7 +90,7 @@ SQLRETURN SQL_API SQLDisconnect(SQLHDBC handle) {
     return SQL_SUCCESS;
 }
 
-SQLRETURN SQL_API SQLGetInfoW(SQLHDBC /*unused*/, SQLUSMALLINT kind, SQLPOINTER target, SQLSMALLINT bytes,
+SQLRETURN SQL_API SQLGetInfoW(SQLHDBC handle, SQLUSMALLINT kind, SQLPOINTER target, SQLSMALLINT bytes,
                               SQLSMALLINT* length) {
     std::u16string text;
     if (kind == SQL_DRIVER_ODBC_VER) text = u"03.00";
@@ -98,6 +98,10 @@ SQLRETURN SQL_API SQLGetInfoW(SQLHDBC /*unused*/, SQLUSMALLINT kind, SQLPOINTER 
     if (kind == SQL_DBMS_NAME) text = u"M\u00F6ck \u03A9";
     if (text.empty() && kind != SQL_DRIVER_VER && kind != SQL_DBMS_VER) {
         std::memset(target, 0, bytes >= 4 ? 4 : 2);  // a number
+        const bool readsCommitted = static_cast<Connection*>(handle)->manner == Manner::ReadsCommitted;
+        if (readsCommitted && kind == SQL_TXN_CAPABLE) *static_cast<SQLUSMALLINT*>(target) = SQL_TC_ALL;
+        if (readsCommitted && kind == SQL_TXN_ISOLATION_OPTION)
+            *static_cast<SQLUINTEGER*>(target) = SQL_TXN_READ_COMMITTED;
         return SQL_SUCCESS;
     }
     const SQLRETURN result = Give(text, static_cast<SQLWCHAR*>(target),

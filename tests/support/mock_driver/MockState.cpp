@@ -12,7 +12,7 @@ Shared& State() {
 }
 
 Manner MannerOf(const std::u16string& connect) {
-    static const std::array<std::pair<std::u16string_view, Manner>, 15> kWords{{
+    static const std::array<std::pair<std::u16string_view, Manner>, 17> kWords{{
         {u"hangs_in_connect", Manner::HangsInConnect},
         {u"hangs_in_execute", Manner::HangsInExecute},
         {u"hangs_until_cancelled", Manner::HangsUntilCancelled},
@@ -28,6 +28,8 @@ Manner MannerOf(const std::u16string& connect) {
         {u"long_cell", Manner::LongCell},
         {u"refuses_connect", Manner::RefusesConnect},
         {u"hangs_in_fetch", Manner::HangsInFetch},
+        {u"spoilt_row", Manner::SpoiltRow},
+        {u"reads_committed", Manner::ReadsCommitted},
     }};
     for (const auto& [word, manner] : kWords) {
         if (connect.find(word) != std::u16string::npos) return manner;
@@ -37,6 +39,7 @@ Manner MannerOf(const std::u16string& connect) {
 
 std::vector<std::u16string> RowsOf(Manner manner) {
     if (manner == Manner::SmallBlocks) return {u"one", u"\u03A9", u"\x7F", u"\x80", u"five"};
+    if (manner == Manner::SpoiltRow) return {u"one", u"two"};
     if (manner == Manner::LongCell) return {std::u16string(5000, u'\u4E2D')};
     return {};
 }

@@ -35,6 +35,8 @@ enum class Manner {
     LongCell,               ///< one row of a column that is said to be short and is not
     RefusesConnect,         ///< and repeats the connect string with its password
     HangsInFetch,           ///< until MockRelease; there is no row
+    SpoiltRow,              ///< two rows in one block, of which the second one cannot be read
+    ReadsCommitted,         ///< transactions, but none that is serializable
 };
 
 struct Environment {};

@@ -52,6 +52,7 @@ SQLRETURN Execute(Statement& statement) {
             return Fail(statement, {{"HY000", 9, u"Gone"}});
         case Manner::SmallBlocks:
         case Manner::LongCell:
+        case Manner::SpoiltRow:
         case Manner::HangsInFetch:
             statement.hasRows = true;
             return SQL_SUCCESS;
@@ -162,6 +163,11 @@ SQLRETURN SQL_API SQLFetch(SQLHSTMT handle) {
         const SQLRETURN cell =
             GiveCell(rows[statement.nextRow + i], 0, target, statement.targetBytes, statement.lengths + i);
         if (cell == SQL_SUCCESS_WITH_INFO) result = SQL_SUCCESS_WITH_INFO;
+    }
+    if (statement.connection->manner == Manner::SpoiltRow) {
+        statement.records = {{"22018", 7, u"No text"}};
+        if (statement.rowStates != nullptr) statement.rowStates[1] = SQL_ROW_ERROR;
+        result = SQL_SUCCESS_WITH_INFO;
     }
     if (statement.rowsFetched != nullptr) *statement.rowsFetched = count;
     statement.nextRow += count;

@@ -71,6 +71,18 @@ TEST(ProfileLines, OfHeadersAreThoseThatAWalkOfAllLinesMeets) {
     }
 }
 
+TEST(ProfileLines, OfHeadersDoNotBeginBeforeTheText) {
+    const std::string_view whole = "    [a]\n";
+    for (std::size_t begin = 0; begin <= 4; ++begin) {
+        ProfileHeaders headers(whole.substr(begin));
+        ProfileLine line;
+        ASSERT_TRUE(headers.Next(line));
+        EXPECT_EQ(line.begin, 0U);
+        EXPECT_EQ(line.end, 7 - begin);
+        EXPECT_FALSE(headers.Next(line));
+    }
+}
+
 TEST(ProfileLines, BlanksAreSpaceTabAndVerticalTab) {
     EXPECT_EQ(TrimBlanks(" \t\va b\v\t "), "a b");
     EXPECT_EQ(TrimBlanks(" \t\v"), "");

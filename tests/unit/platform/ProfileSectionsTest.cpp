@@ -27,6 +27,10 @@ TEST(ProfileFile, AddsAMissingSectionToTheEndAndLeavesAnExistingOne) {
     file.AddSection("A");
     EXPECT_EQ(file.Bytes(), CrLf("[a]\nkey=1\n[Ger\xE4t]\n"));
 
+    ProfileFile oneOpenLine("x", CodePage(1252));
+    oneOpenLine.AddSection("a");
+    EXPECT_EQ(oneOpenLine.Bytes(), CrLf("x\n[a]\n"));
+
     ProfileFile empty("", CodePage(1252));
     empty.AddSection("a");
     EXPECT_EQ(empty.Bytes(), CrLf("[a]\n"));

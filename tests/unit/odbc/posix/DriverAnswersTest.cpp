@@ -103,6 +103,13 @@ TEST(DriverAnswers, ADriverThatGivesSmallerBlocksLosesNoRow) {
     EXPECT_EQ(driver.Executions(), 1);
 }
 
+TEST(DriverAnswers, ARowThatCannotBeReadIsAnErrorThoughTheBlockIsNone) {
+    MockDriver driver(VENTLOCK_MOCK_DRIVER);
+    Engine engine;
+    const auto connection = engine.Open(driver.ConnectString("spoilt_row"));
+    EXPECT_EQ(DiagnosticsOf([&] { Snapshot(*connection, "x"); }), Texts{"[22018] No text (7)"});
+}
+
 TEST(DriverAnswers, AWideCellLongerThanItsColumnIsSaidToBeIsNotCut) {
     MockDriver driver(VENTLOCK_MOCK_DRIVER);
     Engine engine;

@@ -11,6 +11,7 @@
 #include <chrono>
 #include <clocale>
 #include <csignal>
+#include <cstdint>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
@@ -175,6 +176,34 @@ TEST(PosixProcess, TheProgramGetsNoneOfOurOpenFiles) {
     std::ifstream(folder / "pipe") >> answer;
     EXPECT_EQ(answer, "closed");
     close(ours);
+}
+
+TEST(PosixProcess, TheProgramRunsInASessionOfItsOwnAndHearsEverySignal) {
+    TempFolder folder;
+    ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+    WriteScript(folder / "viewer",
+                "#!/bin/sh\nread -r facts < /proc/$$/stat\nset -- $facts\n{ echo $$ $6; "
+                "sed -n 's/^Sig\\(Blk\\|Ign\\):.//p' /proc/$$/status; } > '" +
+                    folder / "pipe" + "'\n");
+    sigset_t held;
+    sigset_t before;
+    sigemptyset(&held);
+    sigaddset(&held, SIGUSR1);
+    ASSERT_EQ(pthread_sigmask(SIG_BLOCK, &held, &before), 0);
+    const auto handler = std::signal(SIGUSR2, SIG_IGN);
+    EXPECT_TRUE(PosixProcess().Start(folder / "viewer"));
+    std::signal(SIGUSR2, handler);
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    std::ifstream pipe(folder / "pipe");
+    pid_t process = 0;
+    pid_t session = 0;
+    std::uint64_t heldBack = ~0ULL;
+    std::uint64_t ignored = ~0ULL;
+    pipe >> process >> session >> std::hex >> heldBack >> ignored;
+    EXPECT_EQ(session, process);
+    const auto bit = [](int signal) { return 1ULL << (signal - 1); };
+    EXPECT_EQ(heldBack & bit(SIGUSR1), 0U);
+    EXPECT_EQ(ignored & bit(SIGUSR2), 0U) << "the thread library ignores two of its own";
 }
 
 TEST(PosixProcess, StartsAProgramThoughNoThreadCanWaitForIt) {

@@ -256,6 +256,8 @@ TEST_F(StoreFileRegistryTest, AReadOnlyStoreRefusesWriteMasksAndStillReads) {
     EXPECT_EQ(OpenStatus(kMachine, path, kKeyRead), kRegistrySuccess);
     EXPECT_EQ(QueryText("ManName"), Text("Acme"));
     EXPECT_EQ(SetText("ManName", "Bolt"), kRegistryAccessDenied);
+    std::unique_ptr<IRegistryKey> key;
+    EXPECT_EQ(registry_.CreateKey(kMachine, path, key), kRegistryAccessDenied) << "though it is there";
     EXPECT_EQ(ReadBytes(store_), before);
 }
 
