@@ -106,7 +106,7 @@ def main():
     compiler = sample.Compiler(build, scratch)
 
     pool = sample.all_changes(sources_of(source), compiler, workers)
-    changes = sample.choose(pool, count, seed, compiler, workers)
+    changes = sample.choose(sample.shuffle(pool, source, seed), count, compiler, workers)
     print(f"{len(changes)} changes out of {len(pool)}, seed {seed}", flush=True)
     sample.plant(changes)
     numbered = list(enumerate(changes, 1))

@@ -2,9 +2,9 @@
 
 import collections
 import concurrent.futures
+import hashlib
 import json
 import os
-import random
 import shlex
 import subprocess
 
@@ -60,9 +60,26 @@ def all_changes(files, compiler, workers):
         return [change for changes in found for change in changes]
 
 
-def choose(changes, count, seed, compiler, workers):
-    """`count` changes that do not overlap and that compile, in the order of the files."""
-    shuffled = random.Random(seed).sample(changes, len(changes))
+def shuffle(changes, source, seed):
+    """The changes in a random order in which each keeps its place however the code around it changes: it is chosen by the
+    text of its line, not by where that stands."""
+    lines = {}
+    for file in {change.file for change in changes}:
+        with open(file, encoding="utf-8") as opened:
+            lines[file] = opened.read().split("\n")
+    seen = collections.Counter()
+    rank = {}
+    for change in sorted(changes):
+        line = lines[change.file][change.line - 1].strip()
+        text = (os.path.relpath(change.file, source), line, change.kind, change.original, change.changed)
+        seen[text] += 1  # a line may stand there twice, and hold the same twice
+        rank[change] = hashlib.sha256(repr((seed, text, seen[text])).encode()).digest()
+    return sorted(changes, key=rank.get)
+
+
+def choose(shuffled, count, compiler, workers):
+    """The first `count` changes that do not overlap and that compile, in the order of the files."""
+    shuffled = list(shuffled)
     chosen = collections.defaultdict(list)
     while shuffled and sum(map(len, chosen.values())) < count:
         batch = collections.defaultdict(list)
