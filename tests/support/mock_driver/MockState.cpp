@@ -12,7 +12,7 @@ Shared& State() {
 }
 
 Manner MannerOf(const std::u16string& connect) {
-    static const std::array<std::pair<std::u16string_view, Manner>, 17> kWords{{
+    static const std::array<std::pair<std::u16string_view, Manner>, 18> kWords{{
         {u"hangs_in_connect", Manner::HangsInConnect},
         {u"hangs_in_execute", Manner::HangsInExecute},
         {u"hangs_until_cancelled", Manner::HangsUntilCancelled},
@@ -29,6 +29,7 @@ Manner MannerOf(const std::u16string& connect) {
         {u"refuses_connect", Manner::RefusesConnect},
         {u"hangs_in_fetch", Manner::HangsInFetch},
         {u"spoilt_row", Manner::SpoiltRow},
+        {u"fails_in_fetch", Manner::FailsInFetch},
         {u"reads_committed", Manner::ReadsCommitted},
     }};
     for (const auto& [word, manner] : kWords) {

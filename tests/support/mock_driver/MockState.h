@@ -36,6 +36,7 @@ enum class Manner {
     RefusesConnect,         ///< and repeats the connect string with its password
     HangsInFetch,           ///< until MockRelease; there is no row
     SpoiltRow,              ///< two rows in one block, of which the second one cannot be read
+    FailsInFetch,           ///< the first row cannot be fetched
     ReadsCommitted,         ///< transactions, but none that is serializable
 };
 

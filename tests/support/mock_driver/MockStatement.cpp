@@ -53,6 +53,7 @@ SQLRETURN Execute(Statement& statement) {
         case Manner::SmallBlocks:
         case Manner::LongCell:
         case Manner::SpoiltRow:
+        case Manner::FailsInFetch:
         case Manner::HangsInFetch:
             statement.hasRows = true;
             return SQL_SUCCESS;
@@ -150,6 +151,8 @@ SQLRETURN SQL_API SQLBindCol(SQLHSTMT handle, SQLUSMALLINT /*unused*/, SQLSMALLI
 SQLRETURN SQL_API SQLFetch(SQLHSTMT handle) {
     auto& statement = *static_cast<Statement*>(handle);
     if (statement.connection->manner == Manner::HangsInFetch) HangUntil([] { return State().released; });
+    if (statement.connection->manner == Manner::FailsInFetch)
+        return Fail(statement, {{"40001", 8, u"Given up"}});
     const std::vector<std::u16string> rows = RowsOf(statement.connection->manner);
     if (statement.nextRow >= rows.size()) return SQL_NO_DATA;
     const std::size_t count = std::min<std::size_t>(statement.rowArraySize, rows.size() - statement.nextRow);

@@ -141,6 +141,7 @@ TEST_F(Searches, FindListTextIsExactAndCaseSensitiveAndGivesTheFirstOfEqualItems
     EXPECT_EQ(FindListText(list_, "ABC"), -1);
     EXPECT_EQ(FindListText(list_, "ab"), -1);
     EXPECT_EQ(FindListText(list_, "abc "), -1);
+    EXPECT_TRUE(messages_.messages.empty()) << "no item behind the last is asked for";
 }
 
 TEST_F(Searches, FindListItemDataGivesTheFirstMatchElseMinusOne) {
@@ -150,6 +151,7 @@ TEST_F(Searches, FindListItemDataGivesTheFirstMatchElseMinusOne) {
     EXPECT_EQ(FindListItemData(list_, 1), 1);
     EXPECT_EQ(FindListItemData(list_, -7), 4);
     EXPECT_EQ(FindListItemData(list_, 2), -1);
+    EXPECT_TRUE(messages_.messages.empty()) << "no item behind the last is asked for";
 }
 
 TEST_F(Searches, AnErrorOfTheListGivesMinusOneAndAMessage) {

@@ -145,6 +145,13 @@ TEST_F(ManufacturerRecord, WalkStopsAtTheMatch) {
     EXPECT_THAT(Entries(), IsEmpty()) << "the rows behind the match cannot be numbers";
 }
 
+TEST_F(ManufacturerRecord, TakesAStoredNumberOfZero) {
+    LoosenTables();
+    Execute("INSERT INTO MfrProtocols VALUES (0, 6, 1, '38')");
+    EXPECT_TRUE(manufacturer_.Insert());
+    EXPECT_THAT(Statements(), ElementsAre(kSearchProtocols, testing::StartsWith("update Manufacturers ")));
+}
+
 TEST_F(ManufacturerRecord, SearchYieldsOncePerRow) {
     LoosenTables();
     Execute("INSERT INTO MfrProtocols VALUES (1, 1, 1, '17'), (2, 1, 2, '17'), (3, 2, 1, '18')");

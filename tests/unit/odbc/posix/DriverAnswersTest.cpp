@@ -103,6 +103,13 @@ TEST(DriverAnswers, ADriverThatGivesSmallerBlocksLosesNoRow) {
     EXPECT_EQ(driver.Executions(), 1);
 }
 
+TEST(DriverAnswers, AFetchThatFailsIsAnError) {
+    MockDriver driver(VENTLOCK_MOCK_DRIVER);
+    Engine engine;
+    const auto connection = engine.Open(driver.ConnectString("fails_in_fetch"));
+    EXPECT_EQ(DiagnosticsOf([&] { Snapshot(*connection, "x"); }), Texts{"[40001] Given up (8)"});
+}
+
 TEST(DriverAnswers, ARowThatCannotBeReadIsAnErrorThoughTheBlockIsNone) {
     MockDriver driver(VENTLOCK_MOCK_DRIVER);
     Engine engine;
