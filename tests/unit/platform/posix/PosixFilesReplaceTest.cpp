@@ -103,6 +103,16 @@ TEST_F(ReplaceTest, ALinkIntoAMissingFolderIs76AndOneInACircleIs75) {
     EXPECT_EQ(folder_.Listing(), "a b link.ini");
 }
 
+TEST_F(ReplaceTest, AChainOf39LinksIsFollowedAndALongerOneRefused) {
+    WriteBytes(folder_ / "0", "old");
+    for (int link = 1; link <= 40; ++link)
+        fs::create_symlink(std::to_string(link - 1), folder_ / std::to_string(link));
+    files_.Replace(folder_ / "39", "new");
+    EXPECT_EQ(ReadBytes(folder_ / "0"), "new");
+    EXPECT_EQ(NumberRaisedBy([&] { files_.Replace(folder_ / "40", "newer"); }), 75);
+    EXPECT_EQ(ReadBytes(folder_ / "0"), "new");
+}
+
 TEST_F(ReplaceTest, AWriteGoesOnHoweverLittleIsTakenAtOnceAndHoweverOftenItIsInterrupted) {
     ScriptedCalls script;
     script.Stutter();
