@@ -5,18 +5,10 @@
 
 #include "gui/GuiWorld.h"
 #include "gui/Input.h"
+#include "gui/StartAt.h"
 
 namespace ventlock::test {
 namespace {
-
-/// Starts a window that is stored at a place in twips and waits until it stands at one in pixels.
-frmMain& StartAt(GuiWorld& world, const std::string& left, const std::string& top, wxPoint pixels) {
-    world.Put("WindowLeft", left);
-    world.Put("WindowTop", top);
-    frmMain& window = world.Start();
-    WaitUntil("the window's place", [&] { return window.IsActive() && window.GetPosition() == pixels; });
-    return window;
-}
 
 void MoveTo(frmMain& window, wxPoint place) {
     window.Move(place);
@@ -43,9 +35,7 @@ TEST(Place, IsTheStoredOneInTwips) {
 
 TEST(Place, IsTheCornerOfTheDisplayBeforeAnyIsStored) {
     GuiWorld world;
-    frmMain& window = world.Start();
-    WaitUntil("the window's place",
-              [&] { return window.IsActive() && window.GetPosition() == wxPoint(0, 0); });
+    StartAt(world, {0, 0});
     world.CloseAndForget();
     EXPECT_EQ(StoredPlace(world), "0, 0");
 }
@@ -70,9 +60,7 @@ TEST(Place, DoesNotDriftFromStartToStart) {
     for (int run = 0; run < 3; ++run) {
         world.CloseAndForget();
         ASSERT_EQ(StoredPlace(world), "4515, 3780") << run;
-        frmMain& window = world.Start();
-        WaitUntil("the place",
-                  [&] { return window.IsActive() && window.GetPosition() == wxPoint(301, 252); });
+        StartAt(world, {301, 252});
     }
 }
 

@@ -5,6 +5,7 @@
 #include "gui/GuiWorld.h"
 #include "gui/Input.h"
 #include "gui/Shown.h"
+#include "gui/StartAt.h"
 
 namespace ventlock::test {
 namespace {
@@ -218,15 +219,13 @@ TEST(RoundTrip, ShowsTheSameEntryAfterARestart) {
 TEST(RoundTrip, ChangesNothingThatIsStored) {
     GuiWorld world;
     world.PutEntry();
-    world.Put("WindowLeft", "1507");
-    world.Put("WindowTop", "2258");
     world.Put("WindowHeight", "1");
     world.Put("WindowWidth", "2");
-    world.Start();
+    StartAt(world, "1507", "2258", {100, 151});
     world.CloseAndForget();
     const std::vector<std::string> first = world.AllStored();
     for (int run = 0; run < 3; ++run) {
-        world.Start();
+        StartAt(world, {100, 151});
         world.CloseAndForget();
         EXPECT_EQ(world.AllStored(), first) << run;
     }

@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
 # run.sh <program.exe> [argument]...
 # Runs a Windows program under Wine, with a driver manager's folder of its own: the SQLite driver is known there, no data
-# source is. The prefix is WINEPREFIX; one that is not there is made. The exit code is the program's.
+# source is. The prefix is WINEPREFIX; one that is not there is made. Its folders of the desktop and of documents lie in the
+# prefix, so that they last as long as it does: without them Wine's file dialogs crash. A program that crashes ends at once:
+# no box waits for a button. The exit code is the program's.
 set -euo pipefail
 
 : "${WINEPREFIX:?names the folder of the prefix that Wine works in}"
 export WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 if [ ! -e "$WINEPREFIX/system.reg" ]; then
-    mkdir -p "$WINEPREFIX"
-    DISPLAY="" wineboot --init >/dev/null
+    mkdir -p "$WINEPREFIX/home"
+    HOME=$WINEPREFIX/home DISPLAY="" wineboot --init >/dev/null
+    DISPLAY="" wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null
     wineserver --wait
 fi
 
