@@ -95,7 +95,7 @@ cat "$root/home/ada/.local/state/ventlock/Ventlock.log"
 
 say "The same error met by root"
 if within ventlock-cli database info --dsn Nowhere 2>/dev/null; then fail "a data source that is not there was found"; fi
-[ -s "$root/root/.local/state/ventlock/Ventlock.log" ] || fail "root has no log"
+within sh -c 'test -s ~/.local/state/ventlock/Ventlock.log' || fail "root has no log"
 
 say "The window, as an ordinary user"
 as_user ventlock &
